@@ -1,0 +1,11 @@
+// EditableMesh: a mesh that can be read and written, as modifiers in the scene graph need.
+#pragma once
+
+#include "IMesh.h"
+#include "OMesh.h"
+
+namespace mv {
+
+class EditableMesh : public IMesh, public OMesh {};
+
+}  // namespace mv

@@ -1,0 +1,35 @@
+// Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
+//   core      node protocol, parameter sets, messages and progress
+//   geometry  meshes, the geometry stream
+// Link the CMake target Morvo::library.
+#pragma once
+
+// core
+#include "BaseNode.h"
+#include "ChildRole.h"
+#include "EHierarchyHelp.h"
+#include "Matrix4.h"
+#include "MessageHandler.h"
+#include "MessageSink.h"
+#include "ParameterSet.h"
+#include "Placement.h"
+#include "PlacementGroup.h"
+#include "ProgressHandler.h"
+#include "ProgressSink.h"
+#include "Simple.h"
+#include "Vector3.h"
+
+// geometry
+#include "EditableMesh.h"
+#include "GeomAttributes.h"
+#include "GeomCommand.h"
+#include "GeomNormal.h"
+#include "GeomPoint4.h"
+#include "IMesh.h"
+#include "MeshData.h"
+#include "MeshPolygon.h"
+#include "OBaseGeomStream.h"
+#include "OGeomStream.h"
+#include "OMesh.h"
+#include "OMeshDummy.h"
+#include "TexturePolygon.h"

@@ -1,0 +1,30 @@
+// morvo: the command-line face of the library.
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+
+#include "ConsoleMessageHandler.h"
+#include "ConsoleProgressHandler.h"
+#include "MessageSink.h"
+#include "MorvoVersion.h"
+#include "ProgressSink.h"
+
+int main(int argc, char** argv) {
+  ConsoleMessageHandler messages(std::cerr);
+  ConsoleProgressHandler progress(std::cerr, ConsoleProgressHandler::isStandardErrorTerminal());
+  mv::messageSink.handler = &messages;
+  mv::progressSink.handler = &progress;
+
+  CLI::App app{"Morvo " MORVO_VERSION ": a procedural plant modeller", "morvo"};
+  app.set_version_flag("--version", "morvo " MORVO_VERSION);
+  app.require_subcommand(0, 1);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    return app.exit(e);
+  }
+  if (app.get_subcommands().empty()) {
+    std::cout << app.help();
+  }
+  return 0;
+}
