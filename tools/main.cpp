@@ -1,8 +1,10 @@
 // morvo: the command-line face of the library.
 #include <CLI/CLI.hpp>
 
+#include <exception>
 #include <iostream>
 
+#include "Commands.h"
 #include "ConsoleMessageHandler.h"
 #include "ConsoleProgressHandler.h"
 #include "MessageSink.h"
@@ -18,13 +20,16 @@ int main(int argc, char** argv) {
   CLI::App app{"Morvo " MORVO_VERSION ": a procedural plant modeller", "morvo"};
   app.set_version_flag("--version", "morvo " MORVO_VERSION);
   app.require_subcommand(0, 1);
+  CommandResult result;
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
     return app.exit(e);
+  } catch (const std::exception& e) {
+    mv::messageSink.error(e.what());
+    return 1;
   }
-  if (app.get_subcommands().empty()) {
-    std::cout << app.help();
-  }
-  return 0;
+  if (app.get_subcommands().empty()) std::cout << app.help();
+  return result.exitCode;
 }

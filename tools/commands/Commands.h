@@ -1,0 +1,10 @@
+// The subcommands of morvo. Each add...Command function registers one subcommand on the app;
+// its callback stores the process exit code in result. Callbacks may throw: main turns an
+// exception into a message and a non-zero exit.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+struct CommandResult {
+  int exitCode = 0;
+};
