@@ -1,5 +1,6 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
+//   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream
 // Link the CMake target Morvo::library.
 #pragma once
@@ -18,6 +19,11 @@
 #include "ProgressSink.h"
 #include "Simple.h"
 #include "Vector3.h"
+
+// curves
+#include "MersenneTwister.h"
+#include "Noise.h"
+#include "ValueNoise.h"
 
 // geometry
 #include "EditableMesh.h"
