@@ -21,9 +21,18 @@
 #include "Vector3.h"
 
 // curves
+#include "ExprConstant.h"
+#include "ExprFunction.h"
+#include "ExprOpNeg.h"
+#include "ExprOperator.h"
+#include "ExprParenthesis.h"
+#include "ExprVariable.h"
+#include "Expression.h"
+#include "ExpressionAtom.h"
 #include "MersenneTwister.h"
 #include "Noise.h"
 #include "ValueNoise.h"
+#include "VariableScope.h"
 
 // geometry
 #include "EditableMesh.h"
