@@ -21,6 +21,9 @@
 #include "Vector3.h"
 
 // curves
+#include "CurveParam.h"
+#include "CurveParamIntegration.h"
+#include "CurvePoint.h"
 #include "ExprConstant.h"
 #include "ExprFunction.h"
 #include "ExprOpNeg.h"
@@ -29,6 +32,7 @@
 #include "ExprVariable.h"
 #include "Expression.h"
 #include "ExpressionAtom.h"
+#include "Integration.h"
 #include "MersenneTwister.h"
 #include "Noise.h"
 #include "ValueNoise.h"
