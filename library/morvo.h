@@ -1,6 +1,6 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
-//   geometry  meshes, the geometry stream
+//   geometry  meshes, the geometry stream, polygon output and triangulation
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -25,6 +25,7 @@
 #include "GeomCommand.h"
 #include "GeomNormal.h"
 #include "GeomPoint4.h"
+#include "GeomPrimitiveWriter.h"
 #include "IMesh.h"
 #include "MeshData.h"
 #include "MeshPolygon.h"
@@ -32,4 +33,6 @@
 #include "OGeomStream.h"
 #include "OMesh.h"
 #include "OMeshDummy.h"
+#include "OPolygonStream.h"
 #include "TexturePolygon.h"
+#include "Triangulation.h"
