@@ -73,6 +73,7 @@ TEST(GlbWriter, roundTripGivesOnePrimitivePerMaterialWithItsArea) {
   const mv::MeshData mesh = sampleMesh();
   const std::string path = testOutputPath("sample.glb");
   ASSERT_TRUE(mv::GlbWriter(sampleMaterials()).write(mesh, path));
+  writeSampleTexture(testOutputPath("bark.png"));
   const tinygltf::Model model = readGlb(path);
 
   ASSERT_EQ(model.meshes.size(), 1u);
@@ -106,6 +107,7 @@ TEST(GlbWriter, roundTripGivesOnePrimitivePerMaterialWithItsArea) {
 TEST(GlbWriter, tubeNormalsPointOutwardAndAreUnitLength) {
   const std::string path = testOutputPath("tube.glb");
   ASSERT_TRUE(mv::GlbWriter(sampleMaterials()).write(sampleMesh(), path));
+  writeSampleTexture(testOutputPath("bark.png"));
   const tinygltf::Model model = readGlb(path);
   const tinygltf::Primitive& tube = model.meshes[0].primitives[1];
   const std::vector<double> positions = accessorValues(model, tube.attributes.at("POSITION"));

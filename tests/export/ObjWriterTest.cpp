@@ -55,6 +55,7 @@ TEST(ObjWriter, roundTripKeepsPointsCornersTexturesAndGroups) {
   const mv::MeshData mesh = sampleMesh();
   const std::string path = testOutputPath("sample.obj");
   ASSERT_TRUE(mv::ObjWriter(sampleMaterials()).write(mesh, path));
+  writeSampleTexture(testOutputPath("bark.png"));
   const ObjFile file = readObj(path);
 
   ASSERT_EQ(file.attrib.vertices.size(), 3 * mesh.points.size());

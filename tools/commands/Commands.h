@@ -8,3 +8,7 @@
 struct CommandResult {
   int exitCode = 0;
 };
+
+// primitives -o FILE: a tube, a star outline and a quad mesh through the polygon stream, written
+// as OBJ or binary glTF. Hidden from the help.
+void addPrimitivesCommand(CLI::App& app, CommandResult& result);
