@@ -1,7 +1,7 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
-//   geometry  meshes, the geometry stream, splines
 //   curves    expressions, curve parameters, integration, random numbers and noise
+//   geometry  meshes, the geometry stream, polygon output and triangulation, splines
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -45,6 +45,7 @@
 #include "GeomCommand.h"
 #include "GeomNormal.h"
 #include "GeomPoint4.h"
+#include "GeomPrimitiveWriter.h"
 #include "IMesh.h"
 #include "MeshData.h"
 #include "MeshPolygon.h"
@@ -55,4 +56,6 @@
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
+#include "OPolygonStream.h"
 #include "TexturePolygon.h"
+#include "Triangulation.h"
