@@ -2,6 +2,7 @@
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, splines
+//   growth    the growth nodes: Branch, Phyllotaxis, and running a node without a host
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -56,3 +57,9 @@
 #include "Spline.h"
 #include "SplineData.h"
 #include "TexturePolygon.h"
+
+// growth
+#include "Branch.h"
+#include "Phyllotaxis.h"
+#include "PhyllotaxisIntegration.h"
+#include "SplineNode.h"
