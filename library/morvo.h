@@ -1,7 +1,7 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
-//   geometry  meshes, the geometry stream, splines
+//   geometry  meshes, the geometry stream, polygon output and triangulation, splines
 //   growth    the growth nodes: Branch, Phyllotaxis, and running a node without a host
 // Link the CMake target Morvo::library.
 #pragma once
@@ -46,6 +46,7 @@
 #include "GeomCommand.h"
 #include "GeomNormal.h"
 #include "GeomPoint4.h"
+#include "GeomPrimitiveWriter.h"
 #include "IMesh.h"
 #include "MeshData.h"
 #include "MeshPolygon.h"
@@ -53,10 +54,12 @@
 #include "OGeomStream.h"
 #include "OMesh.h"
 #include "OMeshDummy.h"
+#include "OPolygonStream.h"
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
 #include "TexturePolygon.h"
+#include "Triangulation.h"
 
 // growth
 #include "Branch.h"
