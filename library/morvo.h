@@ -63,6 +63,7 @@
 
 // growth
 #include "Branch.h"
+#include "NodeRun.h"
 #include "Phyllotaxis.h"
 #include "PhyllotaxisIntegration.h"
 #include "SplineNode.h"

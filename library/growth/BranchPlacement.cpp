@@ -115,8 +115,9 @@ bool readNodeNumber(ParameterSet& params, BranchInputs& in) {
   if (params.getBool(Branch::nodeNumberInherited)) in.nodeNumber *= in.inheritedDensity;
   if (!(in.roleMask & RoleNodes)) return true;
   const double copies = in.mode == 1 ? 2.0 : in.mode == 0 && in.whorl > 1 ? in.whorl : 1.0;
-  if (!(in.nodeNumber * copies <= Branch::kMaxNodeNumber)) {
-    messageSink.error("Branch: too many nodes (nodeNumber times copies above 250000)");
+  if (in.nodeNumber * copies > Branch::kMaxNodeNumber) {
+    messageSink.error("Branch: too many nodes (nodeNumber times copies above " +
+                      std::to_string(static_cast<int>(Branch::kMaxNodeNumber)) + ")");
     return false;
   }
   return true;

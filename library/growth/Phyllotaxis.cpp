@@ -1,6 +1,7 @@
 #include "Phyllotaxis.h"
 
 #include <cmath>
+#include <string>
 
 #include "ChildRole.h"
 #include "CurveParam.h"
@@ -79,7 +80,8 @@ bool countElements(const PhyllotaxisInputs& in, Sequence& seq) {
   const double count = in.fractional ? std::ceil(seq.n) : std::floor(seq.n);
   if (!(count >= 1.0)) return false;
   if (count > Phyllotaxis::kMaxElements) {
-    messageSink.error("Phyllotaxis: too many elements (above 250000)");
+    messageSink.error("Phyllotaxis: too many elements (above " +
+                      std::to_string(static_cast<int>(Phyllotaxis::kMaxElements)) + ")");
     return false;
   }
   seq.count = static_cast<int>(count);
