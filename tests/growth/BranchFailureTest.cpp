@@ -108,6 +108,11 @@ TEST(BranchFailure, degeneratePathsAndProfilesStayFinite) {
   GrowthRun run = single.run(kAllRoles);
   EXPECT_TRUE(allFinite(run));
   EXPECT_TRUE(run.mesh.polygons.empty());  // one ring spans no face
+  single.params.setBool(Branch::capStart, true);
+  single.params.setBool(Branch::capEnd, true);
+  run = single.run(kAllRoles);  // both caps stand at the one ring, back to back
+  EXPECT_EQ(run.mesh.selections["C1"].size(), 4u);
+  EXPECT_EQ(run.mesh.selections["C2"].size(), 4u);
 
   DefaultScene zero;
   zero.path = mv::PolylineSpline();
