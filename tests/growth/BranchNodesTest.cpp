@@ -256,9 +256,9 @@ TEST(BranchNodes, curvesAreReadInTheirFixedOrder) {
     const double* turn = &draws[8 + 3 * k];
     screw += turn[0];
     const double a = -turn[1], s = read[0];
-    expectNear(nodes[k].matrix.row(2),
-               Vector3(-std::sin(a) * std::sin(screw), -std::sin(a) * std::cos(screw),
-                       std::cos(a)) * s,
-               1e-12);
+    expectNear(
+        nodes[k].matrix.row(2),
+        Vector3(-std::sin(a) * std::sin(screw), -std::sin(a) * std::cos(screw), std::cos(a)) * s,
+        1e-12);
   }
 }
