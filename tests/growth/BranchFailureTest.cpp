@@ -121,6 +121,15 @@ TEST(BranchFailure, degeneratePathsAndProfilesStayFinite) {
   EXPECT_TRUE(allFinite(run));
   EXPECT_EQ(run.only(mv::RoleNodes).size(), 10u);
 
+  DefaultScene hollow;  // a closed segment without points ahead of a real one
+  hollow.path = mv::PolylineSpline();
+  hollow.path.segments.push_back({0, true});
+  makeLine(hollow.path, 3, {0, 0, 0}, {0, 0, 2});
+  hollow.params.setDouble(Branch::pathGrowth, 0.4);  // it alone grows, and not to the end
+  run = hollow.run(kAllRoles);
+  EXPECT_TRUE(run.groups(mv::RoleProfile).empty());  // no ring borrowed from the next segment
+  EXPECT_TRUE(allFinite(run));
+
   DefaultScene point;
   point.profile = mv::PolylineSpline();
   appendSegment(point.profile, {{1, 0, 0}});
