@@ -2,6 +2,7 @@
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, polygon output and triangulation, splines
+//   growth    the growth nodes: Branch, Phyllotaxis, and running a node without a host
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -59,3 +60,10 @@
 #include "OPolygonStream.h"
 #include "TexturePolygon.h"
 #include "Triangulation.h"
+
+// growth
+#include "Branch.h"
+#include "NodeRun.h"
+#include "Phyllotaxis.h"
+#include "PhyllotaxisIntegration.h"
+#include "SplineNode.h"
