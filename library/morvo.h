@@ -1,6 +1,7 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
 //   geometry  meshes, the geometry stream
+//   scene     scene files: chunk format, vocabulary, scene load
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -33,3 +34,17 @@
 #include "OMesh.h"
 #include "OMeshDummy.h"
 #include "TexturePolygon.h"
+
+// scene
+#include "Chunk.h"
+#include "MvrColor.h"
+#include "MvrComponent.h"
+#include "MvrKeyFrame.h"
+#include "MvrLimitedTriple.h"
+#include "MvrPrimitive.h"
+#include "MvrRange.h"
+#include "MvrReader.h"
+#include "MvrTransform.h"
+#include "MvrTriple.h"
+#include "MvrTypeData.h"
+#include "MvrValue.h"
