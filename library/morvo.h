@@ -3,6 +3,7 @@
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, polygon output and triangulation, splines
 //   growth    the growth nodes: Branch, Phyllotaxis, and running a node without a host
+//   scene     scene files: chunk format, vocabulary, scene load
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -67,3 +68,24 @@
 #include "Phyllotaxis.h"
 #include "PhyllotaxisIntegration.h"
 #include "SplineNode.h"
+// scene
+#include "Chunk.h"
+#include "MvrCall.h"
+#include "MvrColor.h"
+#include "MvrComponent.h"
+#include "MvrCurveConversion.h"
+#include "MvrHeader.h"
+#include "MvrHornRecord.h"
+#include "MvrKeyFrame.h"
+#include "MvrLimitedTriple.h"
+#include "MvrLoader.h"
+#include "MvrMaterial.h"
+#include "MvrPrimitive.h"
+#include "MvrRange.h"
+#include "MvrReader.h"
+#include "MvrRecordingLoader.h"
+#include "MvrTransform.h"
+#include "MvrTreeRecord.h"
+#include "MvrTriple.h"
+#include "MvrTypeData.h"
+#include "MvrValue.h"

@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
   addCurveCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
+  addInfoCommand(app, result);
 
   try {
     app.parse(argc, argv);

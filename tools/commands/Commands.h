@@ -17,3 +17,4 @@ void addPrimitivesCommand(CLI::App& app, CommandResult& result);
 // morvo demo branch|phyllotaxis -o FILE: a small plant from a growth node's defaults, written as
 // binary glTF or OBJ.
 void addDemoCommand(CLI::App& app, CommandResult& result);
+void addInfoCommand(CLI::App& app, CommandResult& result);
