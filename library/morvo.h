@@ -1,6 +1,7 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
 //   geometry  meshes, the geometry stream
+//   classic   scene graph, classic nodes and the solid primitives
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -33,3 +34,16 @@
 #include "OMesh.h"
 #include "OMeshDummy.h"
 #include "TexturePolygon.h"
+
+// classic
+#include "AttractorPrim.h"
+#include "Box.h"
+#include "Disk.h"
+#include "GridPatch.h"
+#include "Plane.h"
+#include "QuarterTurn.h"
+#include "Solid.h"
+#include "SolidCone.h"
+#include "SolidCylinder.h"
+#include "SolidParameters.h"
+#include "Sphere.h"
