@@ -1,6 +1,6 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
-//   geometry  meshes, the geometry stream
+//   geometry  meshes, the geometry stream, splines
 //   classic   scene graph, classic nodes and the solid primitives
 // Link the CMake target Morvo::library.
 #pragma once
@@ -33,6 +33,9 @@
 #include "OGeomStream.h"
 #include "OMesh.h"
 #include "OMeshDummy.h"
+#include "PolylineSpline.h"
+#include "Spline.h"
+#include "SplineData.h"
 #include "TexturePolygon.h"
 
 // classic

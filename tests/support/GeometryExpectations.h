@@ -29,3 +29,10 @@ inline void expectOrthonormalFrame(const mv::Matrix4& frame, double tolerance = 
   EXPECT_NEAR(z.dot(x), 0.0, tolerance);
   expectNear(x.cross(y), z, tolerance);
 }
+
+// An orthonormal frame whose tangent row points the way of direction.
+inline void expectFrameAlong(const mv::Matrix4& frame, const mv::Vector3& direction,
+                             double tolerance = 1e-9) {
+  expectOrthonormalFrame(frame, tolerance);
+  expectNear(frame.row(2), direction.normalized(), tolerance);
+}
