@@ -3,6 +3,7 @@
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, splines
 //   classic   scene graph, classic nodes and the solid primitives
+//   scene     scene files: chunk format, vocabulary, scene load
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -69,3 +70,16 @@
 #include "SolidCylinder.h"
 #include "SolidParameters.h"
 #include "Sphere.h"
+// scene
+#include "Chunk.h"
+#include "MvrColor.h"
+#include "MvrComponent.h"
+#include "MvrKeyFrame.h"
+#include "MvrLimitedTriple.h"
+#include "MvrPrimitive.h"
+#include "MvrRange.h"
+#include "MvrReader.h"
+#include "MvrTransform.h"
+#include "MvrTriple.h"
+#include "MvrTypeData.h"
+#include "MvrValue.h"
