@@ -37,6 +37,7 @@
 #include "Integration.h"
 #include "MersenneTwister.h"
 #include "Noise.h"
+#include "ParameterSetData.h"
 #include "ValueNoise.h"
 #include "VariableScope.h"
 
