@@ -62,15 +62,21 @@
 // classic
 #include "AttractorPrim.h"
 #include "Box.h"
+#include "ClassicSimple.h"
+#include "ClassicSpline.h"
 #include "Disk.h"
 #include "GridPatch.h"
+#include "Material.h"
+#include "PhotoTurn.h"
 #include "Plane.h"
 #include "QuarterTurn.h"
+#include "SelectionMesh.h"
 #include "Solid.h"
 #include "SolidCone.h"
 #include "SolidCylinder.h"
 #include "SolidParameters.h"
 #include "Sphere.h"
+
 // scene
 #include "Chunk.h"
 #include "MvrColor.h"
