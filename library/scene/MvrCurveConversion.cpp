@@ -135,8 +135,8 @@ MvrPath MvrCurveConversion::arcLengthPath(const std::vector<Vector3>& knots) {
   const bool byLength = total > 0.0 && std::isfinite(total);
   MvrPath path;
   for (std::size_t i = 0; i < knots.size(); ++i) {
-    const double key = byLength ? arc[i] / total
-                                : (knots.size() > 1 ? double(i) / double(knots.size() - 1) : 0.0);
+    const double key =
+        byLength ? arc[i] / total : (knots.size() > 1 ? double(i) / double(knots.size() - 1) : 0.0);
     path[key] = knots[i];
   }
   return path;

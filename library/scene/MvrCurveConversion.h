@@ -31,8 +31,7 @@ class MvrCurveConversion {
   // The curve through knotCurve, limits 0 and upper, expression "id".
   static CurveParam curveOfKnots(const std::vector<Vector3>& knots, bool flatten, double upper);
   // knotCurve with every value multiplied by factor, limits 0 and upper.
-  static CurveParam scaledKnotCurve(const std::vector<Vector3>& knots, double factor,
-                                    double upper);
+  static CurveParam scaledKnotCurve(const std::vector<Vector3>& knots, double factor, double upper);
   // Shape knots turned round: key (y - ymin) / (ymax - ymin), value x, limits xmin and xmax. With
   // fewer than two knots, or no spread in y, the constant 1 between -0.1 and 1.1.
   static CurveParam normalisedShape(const std::vector<Vector3>& knots);

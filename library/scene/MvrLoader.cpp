@@ -104,7 +104,7 @@ bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   progressSink.setProgress(0.1);
   components_ = &keyFrames.begin()->second.components;
 
-  const std::vector<std::string> roots = findRoots();
+  const std::vector<std::string> roots = findRoots(*components_);
   if (roots.empty()) {
     messageSink.error("IMPORT: No Root Object(s) found!");
     return false;
@@ -138,21 +138,20 @@ void MvrLoader::readRootLines(const std::vector<std::string>& lines) {
   }
 }
 
-// Every component that no other lists as a child or branch, in name order.
-std::vector<std::string> MvrLoader::findRoots() const {
+std::vector<std::string> MvrLoader::findRoots(
+    const std::map<std::string, MvrComponent>& components) {
   std::set<std::string> linked;
-  for (const auto& entry : *components_) {
+  for (const auto& entry : components) {
     linked.insert(entry.second.children.begin(), entry.second.children.end());
     linked.insert(entry.second.typeData.branches.begin(), entry.second.typeData.branches.end());
   }
   std::vector<std::string> roots;
-  for (const auto& entry : *components_)
+  for (const auto& entry : components)
     if (linked.count(entry.first) == 0) roots.push_back(entry.first);
   return roots;
 }
 
-std::string MvrLoader::buildObject(const MvrComponent& component, LoadContext context,
-                                   int depth) {
+std::string MvrLoader::buildObject(const MvrComponent& component, LoadContext context, int depth) {
   const std::string& name = component.name;
   // Before the visited test: a link back to an ancestor would close a loop in the scene.
   if (ancestors_.count(name)) {
@@ -201,8 +200,7 @@ bool MvrLoader::buildLinks(const MvrComponent& component, const LoadContext& con
     const auto found = components_->find(branch);
     if (found == components_->end()) continue;
     if (!hasBranches(component.type)) {
-      messageSink.error("Found Branch/Rib Link in non Tree/Horn Object \"" + component.name +
-                        "\"");
+      messageSink.error("Found Branch/Rib Link in non Tree/Horn Object \"" + component.name + "\"");
       return false;
     }
     const std::string created = buildObject(found->second, context, depth + 1);
@@ -483,7 +481,8 @@ std::string MvrLoader::createPrimitive(const MvrComponent& component) {
     return createPlane(name, m * x, facing, unit_, floorRes);
   if (p.type == "Circle") return createDisk(name, m, unit_ / 2, res);
   if (p.type == "Box") return createBox(name, m * Matrix4::rotationZ(kPi), unit_, res);
-  if (p.type == "Sphere") return createSphere(name, m * Matrix4::rotationZ(kPi / 2), unit_ / 2, res);
+  if (p.type == "Sphere")
+    return createSphere(name, m * Matrix4::rotationZ(kPi / 2), unit_ / 2, res);
   if (p.type == "Cylinder") return createCylinder(name, m, unit_ / 2, unit_, res);
   if (p.type == "Cone")
     return createCone(name, m, unit_, unit_ / 2, res + 5, res, count(std::ceil(res / 2.0)));

@@ -49,7 +49,7 @@ class MvrLoader {
   // chain, so a hostile file could otherwise ask for links times mask bits of them.
   static constexpr int kMaxSwitchNodes = 1 << 16;
 
-  std::vector<MvrMaterial> materials;             // all materials of the load, in order of use
+  std::vector<MvrMaterial> materials;               // all materials of the load, in order of use
   std::map<std::string, std::string> createdNames;  // component name to created name
 
   virtual ~MvrLoader() = default;
@@ -82,8 +82,8 @@ class MvrLoader {
                                 int resolution) = 0;
   virtual std::string createCone(const std::string& name, const Matrix4& matrix, double height,
                                  double radius, int slices, int stacks, int third) = 0;
-  virtual std::string createCylinder(const std::string& name, const Matrix4& matrix,
-                                     double radius, double height, int resolution) = 0;
+  virtual std::string createCylinder(const std::string& name, const Matrix4& matrix, double radius,
+                                     double height, int resolution) = 0;
   virtual std::string createSphere(const std::string& name, const Matrix4& matrix, double radius,
                                    int resolution) = 0;
   virtual std::string createPlane(const std::string& name, const Matrix4& matrix, int facing,
@@ -94,10 +94,9 @@ class MvrLoader {
                                    int points) = 0;
   virtual std::string createArc(const std::string& name, double radius, double start, double end,
                                 double offset) = 0;
-  virtual std::string createAttractorPrim(const std::string& name, const Matrix4& matrix,
-                                          double a, double b, int mode) = 0;
-  virtual std::string createVariation(const std::string& name, int kind, int seed,
-                                      int index) = 0;
+  virtual std::string createAttractorPrim(const std::string& name, const Matrix4& matrix, double a,
+                                          double b, int mode) = 0;
+  virtual std::string createVariation(const std::string& name, int kind, int seed, int index) = 0;
   virtual std::string createClassicSimple(const MvrHeader& header) = 0;
   virtual std::string createClassicPruning(const MvrHeader& header, int method) = 0;
   // The load calls neither of these two.
@@ -114,15 +113,18 @@ class MvrLoader {
   virtual std::string createClassicWreath(const MvrHeader& header, double number,
                                           double radius) = 0;
   virtual std::string createClassicPhiball(const MvrHeader& header, double unit, double number,
-                                           double radius, double influence,
-                                           const CurveParam& angle, const CurveParam& fan,
-                                           const CurveParam& scale, const CurveParam& trans) = 0;
+                                           double radius, double influence, const CurveParam& angle,
+                                           const CurveParam& fan, const CurveParam& scale,
+                                           const CurveParam& trans) = 0;
   virtual std::string createClassicHorn(const MvrHeader& header, const MvrHornRecord& horn) = 0;
   virtual std::string createClassicLeaf(const MvrHeader& header, const MvrHornRecord& leaf) = 0;
   virtual std::string createClassicTree(const MvrHeader& header, const MvrTreeRecord& tree) = 0;
 
   // The load of an open stream, as load does after opening the file.
   bool loadStream(ParameterSet& settings, std::istream& stream);
+
+  // Every component that no other lists as a child or branch, in name order.
+  static std::vector<std::string> findRoots(const std::map<std::string, MvrComponent>& components);
 
   // S x Rx(-rx) x Ry(ry) x Rz(-rz) x T(unit x translation).
   static Matrix4 makeTransform(const Vector3& translation, const Vector3& rotation,
@@ -137,7 +139,6 @@ class MvrLoader {
   };
 
   void readRootLines(const std::vector<std::string>& lines);
-  std::vector<std::string> findRoots() const;
   std::string buildObject(const MvrComponent& component, LoadContext context, int depth);
   bool applyMaterial(const MvrComponent& component, LoadContext& context);
   void linkMaterial(const MvrComponent& component, const std::string& created,

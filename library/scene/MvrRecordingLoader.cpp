@@ -92,16 +92,18 @@ bool MvrRecordingLoader::setFrames(int frames) {
 }
 
 bool MvrRecordingLoader::setBackground(float red, float green, float blue) {
-  record({"setBackground", "", "", "", {}, {{"red", red}, {"green", green}, {"blue", blue}}, "",
-          {}});
+  record(
+      {"setBackground", "", "", "", {}, {{"red", red}, {"green", green}, {"blue", blue}}, "", {}});
   return true;
 }
 
 bool MvrRecordingLoader::addMaterial(const std::string& object, const MvrMaterial& material,
                                      const Vector3& textureScale, const Vector3& textureOffset,
                                      int materialIndex) {
-  const Values values{{"index", materialIndex},      {"scaleS", textureScale.x},
-                      {"scaleT", textureScale.y},    {"offsetS", textureOffset.x},
+  const Values values{{"index", materialIndex},
+                      {"scaleS", textureScale.x},
+                      {"scaleT", textureScale.y},
+                      {"offsetS", textureOffset.x},
                       {"offsetT", textureOffset.y}};
   record({"addMaterial", object, "", "", {}, values, material.name, {}});
   return true;
@@ -112,8 +114,8 @@ bool MvrRecordingLoader::insertUnder(const std::string& object, const std::strin
   return true;
 }
 
-std::string MvrRecordingLoader::createMesh(const std::string& name, int kind,
-                                           const Matrix4& matrix, IMesh&, bool smooth) {
+std::string MvrRecordingLoader::createMesh(const std::string& name, int kind, const Matrix4& matrix,
+                                           IMesh&, bool smooth) {
   return primitive("createMesh", name, matrix, {{"kind", kind}, {"smooth", smooth}});
 }
 
@@ -178,9 +180,8 @@ std::string MvrRecordingLoader::createArc(const std::string& name, double radius
                    {{"radius", radius}, {"start", start}, {"end", end}, {"offset", offset}});
 }
 
-std::string MvrRecordingLoader::createAttractorPrim(const std::string& name,
-                                                    const Matrix4& matrix, double a, double b,
-                                                    int mode) {
+std::string MvrRecordingLoader::createAttractorPrim(const std::string& name, const Matrix4& matrix,
+                                                    double a, double b, int mode) {
   return primitive("createAttractorPrim", name, matrix, {{"a", a}, {"b", b}, {"mode", mode}});
 }
 
@@ -234,9 +235,8 @@ std::string MvrRecordingLoader::createClassicWreath(const MvrHeader& header, dou
 }
 
 std::string MvrRecordingLoader::createClassicPhiball(const MvrHeader& header, double unit,
-                                                     double number, double radius,
-                                                     double influence, const CurveParam& angle,
-                                                     const CurveParam& fan,
+                                                     double number, double radius, double influence,
+                                                     const CurveParam& angle, const CurveParam& fan,
                                                      const CurveParam& scale,
                                                      const CurveParam& trans) {
   return classic("createClassicPhiball", header, "",
@@ -245,11 +245,20 @@ std::string MvrRecordingLoader::createClassicPhiball(const MvrHeader& header, do
 }
 
 std::map<std::string, CurveParam> MvrRecordingLoader::hornCurves(const MvrHornRecord& horn) {
-  return {{"shape", horn.shape}, {"rotX", horn.rotX},   {"rotY", horn.rotY},
-          {"rotZ", horn.rotZ},   {"trX", horn.trX},     {"trY", horn.trY},
-          {"dense", horn.dense}, {"screw", horn.screw}, {"flap", horn.flap},
-          {"scale", horn.scale}, {"steps", horn.steps}, {"phototropism", horn.phototropism},
-          {"gravitropism", horn.gravitropism},          {"displace", horn.displace}};
+  return {{"shape", horn.shape},
+          {"rotX", horn.rotX},
+          {"rotY", horn.rotY},
+          {"rotZ", horn.rotZ},
+          {"trX", horn.trX},
+          {"trY", horn.trY},
+          {"dense", horn.dense},
+          {"screw", horn.screw},
+          {"flap", horn.flap},
+          {"scale", horn.scale},
+          {"steps", horn.steps},
+          {"phototropism", horn.phototropism},
+          {"gravitropism", horn.gravitropism},
+          {"displace", horn.displace}};
 }
 
 std::string MvrRecordingLoader::createClassicHorn(const MvrHeader& header,

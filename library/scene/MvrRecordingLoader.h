@@ -40,8 +40,8 @@ class MvrRecordingLoader : public MvrLoader {
                              double height, int resolution) override;
   std::string createSphere(const std::string& name, const Matrix4& matrix, double radius,
                            int resolution) override;
-  std::string createPlane(const std::string& name, const Matrix4& matrix, int facing,
-                          double size, int resolution) override;
+  std::string createPlane(const std::string& name, const Matrix4& matrix, int facing, double size,
+                          int resolution) override;
   std::string createDisk(const std::string& name, const Matrix4& matrix, double radius,
                          int resolution) override;
   std::string createCircle(const std::string& name, const Matrix4& matrix, double radius,
@@ -63,8 +63,7 @@ class MvrRecordingLoader : public MvrLoader {
   std::string createClassicHydra(const MvrHeader& header, double unit, double number,
                                  const CurveParam& spin, const CurveParam& twist,
                                  const CurveParam& fan, const CurveParam& scale) override;
-  std::string createClassicWreath(const MvrHeader& header, double number,
-                                  double radius) override;
+  std::string createClassicWreath(const MvrHeader& header, double number, double radius) override;
   std::string createClassicPhiball(const MvrHeader& header, double unit, double number,
                                    double radius, double influence, const CurveParam& angle,
                                    const CurveParam& fan, const CurveParam& scale,
