@@ -65,14 +65,17 @@
 // classic
 #include "AttractorPrim.h"
 #include "Box.h"
+#include "ClassicNodeParameters.h"
 #include "ClassicSimple.h"
 #include "ClassicSpline.h"
 #include "Disk.h"
 #include "GridPatch.h"
 #include "Material.h"
+#include "Node.h"
 #include "PhotoTurn.h"
 #include "Plane.h"
 #include "QuarterTurn.h"
+#include "SceneGraph.h"
 #include "SelectionMesh.h"
 #include "Solid.h"
 #include "SolidCone.h"
@@ -82,6 +85,7 @@
 
 // scene
 #include "Chunk.h"
+#include "ClassicKinds.h"
 #include "MvrCall.h"
 #include "MvrColor.h"
 #include "MvrComponent.h"
@@ -96,6 +100,7 @@
 #include "MvrRange.h"
 #include "MvrReader.h"
 #include "MvrRecordingLoader.h"
+#include "MvrSceneLoader.h"
 #include "MvrTransform.h"
 #include "MvrTreeRecord.h"
 #include "MvrTriple.h"

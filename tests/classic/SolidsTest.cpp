@@ -9,6 +9,8 @@
 #include "ChildRole.h"
 #include "Disk.h"
 #include "GeometryExpectations.h"
+#include "MeshExpectations.h"
+#include "OPolygonStream.h"
 #include "ParameterSetData.h"
 #include "PatchRecorder.h"
 #include "Plane.h"
@@ -239,4 +241,66 @@ TEST(Solids, insideTestsAreInclusiveAtTheirBounds) {
   EXPECT_TRUE(cylinder.contains(cylinderParams, {0, -in, -in}));
   EXPECT_FALSE(cylinder.contains(cylinderParams, {0.8 * out, 0.6 * out, 0}));
   EXPECT_FALSE(cylinder.contains(cylinderParams, {0, 0, out}));
+}
+
+namespace {
+
+MeshData polygonsOf(Simple& primitive, ParameterSetData& params) {
+  MeshData mesh;
+  {
+    OPolygonStream stream(&mesh, true);
+    PlacementList placements;
+    primitive.evaluate(params, stream, RoleOther, placements, 1.0);
+  }
+  return mesh;
+}
+
+// Each polygon's normal, taken clockwise as the library's faces run, points away from the z axis.
+void expectFacingAwayFromTheAxis(const MeshData& mesh) {
+  for (const MeshPolygon& polygon : mesh.polygons) {
+    const Vector3 a = mesh.points[polygon.a], b = mesh.points[polygon.b];
+    const Vector3 c = mesh.points[polygon.c], d = mesh.points[polygon.d];
+    const Vector3 normal = (d - a).cross(b - a) + (b - c).cross(d - c);
+    const Vector3 centre = (a + b + c + d) * 0.25;
+    EXPECT_GT(normal.dot({centre.x, centre.y, 0}), 0.0);
+  }
+}
+
+}  // namespace
+
+TEST(SolidSurfaces, boxAndSphereAreClosedAndFaceOutward) {
+  Box box;
+  ParameterSetData boxParams = defaultsOf(box);
+  for (int resolution : {1, 3}) {
+    boxParams.setInt(IdBoxResolution, resolution);
+    const MeshData mesh = polygonsOf(box, boxParams);
+    EXPECT_EQ(mesh.polygons.size(), 6u * resolution * resolution);
+    EXPECT_NEAR(expectClosedOutwardMesh(mesh), 1.0, 1e-12);
+  }
+  Sphere sphere;
+  ParameterSetData sphereParams = defaultsOf(sphere, 2.0);
+  const MeshData coarse = polygonsOf(sphere, sphereParams);
+  EXPECT_EQ(coarse.points.size(), 20u);  // the seam column is welded
+  EXPECT_EQ(coarse.polygons.size(), 16u);
+  const double coarseVolume = expectClosedOutwardMesh(coarse);
+  EXPECT_LT(coarseVolume, 4.0 / 3.0 * M_PI);
+  sphereParams.setInt(IdSlices, 64);
+  sphereParams.setInt(IdStacks, 32);
+  EXPECT_NEAR(expectClosedOutwardMesh(polygonsOf(sphere, sphereParams)), 4.0 / 3.0 * M_PI, 0.02);
+}
+
+TEST(SolidSurfaces, coneAndCylinderAreOpenOnlyAtTheirRims) {
+  SolidCylinder cylinder;
+  ParameterSetData cylinderParams = defaultsOf(cylinder);
+  const MeshData tube = polygonsOf(cylinder, cylinderParams);
+  EXPECT_EQ(tube.points.size(), 8u * 5u);
+  EXPECT_EQ(tube.polygons.size(), 8u * 4u);
+  EXPECT_EQ(WeldedEdges(tube).unmatchedEdges(), 2 * 8);  // top and bottom rims
+  expectFacingAwayFromTheAxis(tube);
+  SolidCone cone;
+  ParameterSetData coneParams = defaultsOf(cone);
+  coneParams.setInt(IdSlices, 6);
+  const MeshData shell = polygonsOf(cone, coneParams);
+  EXPECT_EQ(WeldedEdges(shell).unmatchedEdges(), 6);  // the base rim; the apex is welded shut
+  expectFacingAwayFromTheAxis(shell);
 }
