@@ -45,6 +45,8 @@ class Spline {
   virtual void getTangent(double t, uint32_t segment, bool smooth, Vector3& tangent) const;
   // The frame at t carried on from reference, the frame of the previous step: its y axis is the
   // reference's y axis with the part along the tangent removed, so that frames do not twist.
+  // When the tangent runs along that y axis, the reference's x axis (or else the world x axis)
+  // stands in. reference and frame may be the same object, here and in getPointFrame.
   virtual void getFrame(double t, const Matrix4& reference, uint32_t segment, bool smooth,
                         Matrix4& frame) const;
   // A frame that needs no predecessor: the rotation taking the z axis to the tangent about an

@@ -50,10 +50,3 @@ TEST(PolylineSpline, answersZeroForABadSegmentAndTheOnePointOfAShortOne) {
   EXPECT_EQ(positionAt(spline, 0.1, 3), Vector3(3, 2, 1));
   EXPECT_EQ(positionAt(spline, 0.9, 3), Vector3(3, 2, 1));
 }
-
-TEST(PolylineSpline, givesFramesTheirPlaceAlongThePath) {
-  const PolylineSpline spline = unevenBend();
-  mv::Matrix4 frame;
-  spline.getAngleFrame(0.625, 1, false, frame);
-  expectNear(frame, mv::Matrix4::fromRows({1, 0, 0}, {0, 0, -1}, {0, 1, 0}, {2, 2, 0}));
-}

@@ -80,12 +80,6 @@ TEST(SplineData, allocateRefusesWildCountsWithAMessageAndChangesNothing) {
   EXPECT_EQ(spline.segments.size(), 2u);
 }
 
-TEST(SplineData, hasNoPositionAlongT) {
-  Vector3 position{9, 9, 9};
-  twoSegments().getPosition(0.5, 0, true, position);
-  EXPECT_EQ(position, Vector3());
-}
-
 TEST(SplineCopy, keepsPointsParametersCountsAndFlags) {
   const SplineData source = twoSegments();
   mv::PolylineSpline copy;
