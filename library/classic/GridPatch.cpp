@@ -8,7 +8,8 @@ namespace mv {
 
 bool GridPatch::write(OGeomStream& stream, int cellsU, int cellsV, const PointFunction& point) {
   if (cellsU < 1 || cellsV < 1) return false;
-  if (cellsU > kMaxCells || cellsV > kMaxCells) {
+  if (cellsU > kMaxCells || cellsV > kMaxCells ||
+      static_cast<long>(cellsU + 1) * (cellsV + 1) > kMaxPoints) {
     messageSink.warning("Primitive with " + std::to_string(cellsU) + " by " +
                         std::to_string(cellsV) + " cells skipped: too fine");
     return false;

@@ -15,11 +15,14 @@ class GridPatch {
   // The point of column u and row v, both from 0 to the cell count inclusive.
   using PointFunction = std::function<Vector3(int u, int v)>;
 
-  // Cells per side beyond which a grid is refused: larger counts only come from broken files.
+  // Cells per side, and points in all, beyond which a grid is refused: larger counts only come
+  // from broken files.
   static constexpr int kMaxCells = 4096;
+  static constexpr long kMaxPoints = 1L << 22;
 
   // Writes the patch header and the points, rows (v) outer and columns (u) inner. A grid with
-  // fewer than one or more than kMaxCells cells along a side writes nothing and returns false.
+  // fewer than one cell along a side writes nothing; one beyond the limits writes nothing and
+  // says so. Both return false.
   static bool write(OGeomStream& stream, int cellsU, int cellsV, const PointFunction& point);
 
  private:

@@ -181,7 +181,8 @@ void Node::fillCopy(ParameterSetData& copy, const EHierarchyHelp& help) const {
 }
 
 // Each node keeps a small share of its span for itself, the deeper the larger; the children
-// share the rest. A placement scaled to nothing is skipped and takes no share.
+// share the rest. A placement scaled to nothing is skipped and takes no share. A cancelled walk
+// places no further child.
 void Node::evaluateChildren(EHierarchyHelp& help, OGeomStream& stream, EditableMesh* localMesh,
                             const std::vector<int>& roles, const PlacementList& placements,
                             int& selection, int& material) {
@@ -196,6 +197,7 @@ void Node::evaluateChildren(EHierarchyHelp& help, OGeomStream& stream, EditableM
       if (group.role != role) continue;
       for (const Placement& placement : group.placements) {
         if (isCollapsed(placement.matrix)) continue;
+        if (help.progress && help.progress->isCancelled()) return;
         EHierarchyHelp childHelp = helpForChild(help, placement);
         childHelp.progressStart = start;
         childHelp.progressSpan = childSpan;

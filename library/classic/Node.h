@@ -65,7 +65,8 @@ class Node : public BaseNode {
   bool addChild(Node* child, const std::string& parentName);
 
   // Writes this node's subtree to stream. help is made by the caller for this node; it is
-  // changed in place (matrix, material, stopped) and read back by the caller.
+  // changed in place (matrix, material, stopped) and read back by the caller. Progress goes to
+  // help.progress, which is asked before each placement whether the walk is cancelled.
   bool evaluate(EHierarchyHelp& help, OGeomStream& stream);
 
  private:

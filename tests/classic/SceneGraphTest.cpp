@@ -2,6 +2,8 @@
 // materials and selections, the two modifier kinds, and the life of shared nodes.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include "CapturingMessageHandler.h"
 #include "ChildRole.h"
 #include "ClassicSimple.h"
@@ -119,12 +121,16 @@ class Lifter : public Simple {
 
 class RecordingProgress : public ProgressHandler {
  public:
+  explicit RecordingProgress(size_t cancelAfter = SIZE_MAX) : cancelAfter_(cancelAfter) {}
   void start() override {}
   void finish() override {}
   void spin() override {}
   void setProgress(double value) override { values.push_back(value); }
-  bool isCancelled() override { return false; }
+  bool isCancelled() override { return values.size() >= cancelAfter_; }
   std::vector<double> values;
+
+ private:
+  size_t cancelAfter_;
 };
 
 Node* makeNode(const std::string& name, Simple* simple, const Matrix4& matrix = Matrix4()) {
@@ -243,6 +249,21 @@ TEST(SceneGraph, collapsedPlacementIsSkippedAndTakesNoProgressShare) {
                                         base + rowSpan + 2.0 / 512 * rowSpan};
   ASSERT_EQ(progress.values.size(), expected.size());
   for (size_t i = 0; i < expected.size(); ++i) EXPECT_NEAR(progress.values[i], expected[i], 1e-15);
+}
+
+TEST(SceneGraph, cancelledWalkPlacesNoFurtherChild) {
+  RecordingProgress progress(4);  // cancelled once four nodes have reported
+  int evaluations = 0;
+  SceneGraph graph;
+  Node* row = makeNode("Row", new Row(10));
+  row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
+  graph.addChild(row, "");
+  MeshData mesh;
+  EHierarchyHelp help;
+  help.progress = &progress;
+  renderNode(graph, mesh, help);
+  EXPECT_EQ(evaluations, 2);  // World and Row report, then two leaves
+  EXPECT_EQ(mesh.polygons.size(), 2u);
 }
 
 TEST(SceneGraph, materialsAreInheritedAndReplaced) {

@@ -210,7 +210,12 @@ TEST(Solids, degenerateOrHugeGridsWriteNothing) {
   Evaluated huge;
   evaluatePrimitive(sphere, params, huge);
   EXPECT_TRUE(huge.stream.patches.empty());
-  EXPECT_EQ(messages.warnings.size(), 1u);
+  params.setInt(IdSlices, 3000);  // within the side limit, too many points in all
+  params.setInt(IdStacks, 3000);
+  Evaluated many;
+  evaluatePrimitive(sphere, params, many);
+  EXPECT_TRUE(many.stream.patches.empty());
+  EXPECT_EQ(messages.warnings.size(), 2u);
 }
 
 TEST(Solids, insideTestsAreInclusiveAtTheirBounds) {

@@ -9,11 +9,45 @@
 #include "MvrSceneLoader.h"
 #include "OPolygonStream.h"
 #include "ParameterSetData.h"
+#include "ProgressHandler.h"
 #include "ProgressSink.h"
 #include "SceneGraph.h"
 #include "SelectionMesh.h"
 
 namespace {
+
+// Forwards the walk's progress and cancels it once it has made more placements or polygons than
+// any plant needs: objects shared at many levels multiply, and a hostile file could ask for
+// billions of instances.
+class WalkBudget : public mv::ProgressHandler {
+ public:
+  WalkBudget(mv::ProgressHandler* next, const mv::MeshData& mesh) : next_(next), mesh_(mesh) {}
+
+  void start() override {}
+  void finish() override {}
+  void spin() override {}
+  void setProgress(double value) override {
+    ++visits_;
+    if (next_) next_->setProgress(value);
+  }
+  bool isCancelled() override {
+    if (!exceeded_ && (visits_ > kMaxVisits || mesh_.getPolygonCount() > kMaxPolygons)) {
+      exceeded_ = true;
+      mv::messageSink.error("render: the scene makes more than " + std::to_string(kMaxVisits) +
+                            " objects or " + std::to_string(kMaxPolygons) +
+                            " polygons; the rest is left out");
+    }
+    return exceeded_ || (next_ && next_->isCancelled());
+  }
+
+ private:
+  static constexpr long kMaxVisits = 500000;
+  static constexpr uint32_t kMaxPolygons = 10000000;
+  mv::ProgressHandler* next_;
+  const mv::MeshData& mesh_;
+  long visits_ = 0;
+  bool exceeded_ = false;
+};
 
 // The load passes over links to names that no object of the key frame has; say which.
 void reportMissingLinks(const std::string& path) {
@@ -55,7 +89,9 @@ void renderScene(const std::string& path, double unit, bool printTree, RenderedS
   {
     mv::OPolygonStream stream(&selecting, true);
     selecting.watch(&stream);
+    WalkBudget budget(mv::progressSink.handler, out.mesh);
     mv::EHierarchyHelp help;
+    help.progress = &budget;
     mv::progressSink.start();
     graph.evaluate(help, stream);
     stream.flush();
