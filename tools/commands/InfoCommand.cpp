@@ -50,7 +50,8 @@ void printTree(const std::map<std::string, mv::MvrComponent>& components, const 
   const auto found = components.find(name);
   if (found == components.end()) return;
   if (path.count(name) || depth > kMaxTreeDepth) {
-    std::cout << indent << "\"" << name << "\" (cycle, not followed)\n";
+    std::cout << indent << "\"" << name << "\" (" << (path.count(name) ? "cycle" : "too deep")
+              << ", not followed)\n";
     return;
   }
   if (!shown.insert(name).second) {
