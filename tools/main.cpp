@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
   addInfoCommand(app, result);
+  addRenderCommand(app, result);
 
   try {
     app.parse(argc, argv);

@@ -18,3 +18,5 @@ void addPrimitivesCommand(CLI::App& app, CommandResult& result);
 // binary glTF or OBJ.
 void addDemoCommand(CLI::App& app, CommandResult& result);
 void addInfoCommand(CLI::App& app, CommandResult& result);
+// morvo render FILE.mvr -o OUT.obj|OUT.glb: a scene file rendered through the classic scene graph.
+void addRenderCommand(CLI::App& app, CommandResult& result);
