@@ -35,8 +35,7 @@ int ClassicSimple::evaluate(ParameterSet& params, OGeomStream&, int roleMask,
   return RoleOther;
 }
 
-Matrix4& ClassicSimple::photoCorrection(Matrix4& out, ParameterSet& params,
-                                        const Matrix4& matrix) {
+Matrix4& ClassicSimple::photoCorrection(Matrix4& out, ParameterSet& params, const Matrix4& matrix) {
   return out = photoTurn(matrix, params.getInt(IdPhotoAxis), params.getDouble(IdPhotoStrength),
                          params.getInt(IdPhotoMode));
 }

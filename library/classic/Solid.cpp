@@ -23,8 +23,7 @@ void Solid::writeRevolution(ParameterSet& params, OGeomStream& stream,
 }
 
 bool Solid::withinCylinder(const Vector3& point, double radius, double height) {
-  return std::fabs(point.z) <= std::fabs(height) / 2 &&
-         std::hypot(point.x, point.y) <= radius;
+  return std::fabs(point.z) <= std::fabs(height) / 2 && std::hypot(point.x, point.y) <= radius;
 }
 
 }  // namespace mv

@@ -81,12 +81,14 @@ TEST(PhotoTurn, zeroStrengthIsTheIdentity) {
 }
 
 TEST(PhotoTurn, fullStrengthTurnsTheAxisOntoTheLight) {
+  // The quarter turn of axis 1 brings -y to z, so that axis ends against the light.
+  const double sense[3] = {1.0, -1.0, 1.0};
   for (const Matrix4& frame : sampleFrames()) {
     for (int axis : {0, 1, 2}) {
       const Matrix4 toward = photoTurn(frame, axis, 1.0, 0) * frame;
       const Matrix4 away = photoTurn(frame, axis, -1.0, 0) * frame;
-      expectNear(axisOf(toward, axis), {0, 0, 1}, 1e-9);
-      expectNear(axisOf(away, axis), {0, 0, -1}, 1e-9);
+      expectNear(axisOf(toward, axis), {0, 0, sense[axis]}, 1e-9);
+      expectNear(axisOf(away, axis), {0, 0, -sense[axis]}, 1e-9);
       expectOrthonormalFrame(toward);
       expectNear(toward.position(), frame.position(), 1e-9);
     }
@@ -95,10 +97,10 @@ TEST(PhotoTurn, fullStrengthTurnsTheAxisOntoTheLight) {
 
 TEST(PhotoTurn, halfStrengthLeansHalfway) {
   for (const Matrix4& frame : sampleFrames()) {
-    const Vector3 before = axisOf(frame, 1);
+    const Vector3 before = axisOf(frame, 0);
     if ((before - Vector3{0, 0, -1}).length() < 1e-3) continue;
     const Vector3 expected = (Vector3{0, 0, 0.5} + before * 0.5).normalized();
-    expectNear(axisOf(photoTurn(frame, 1, 0.5, 0) * frame, 1), expected, 1e-9);
+    expectNear(axisOf(photoTurn(frame, 0, 0.5, 0) * frame, 0), expected, 1e-9);
   }
 }
 
@@ -109,13 +111,15 @@ TEST(PhotoTurn, axesBeyondTwoBehaveAsZ) {
   }
 }
 
-TEST(PhotoTurn, modeOneLeansTowardTheLightWithoutItsPartAlongTheAxis) {
-  // In mode 1 the light first loses its part along the axis row, so full strength turns the
-  // axis onto what remains of the light.
-  const Matrix4 frame = Matrix4::rotationY(-0.5);  // x axis tilted up toward +z
-  const Vector3 axis = axisOf(frame, 0);
-  const Vector3 remainder = (Vector3{0, 0, 1} - axis * axis.z).normalized();
-  expectNear(axisOf(photoTurn(frame, 0, 1.0, 1) * frame, 0), remainder, 1e-9);
+TEST(PhotoTurn, modeOneTakesTheLightPerpendicularToTheQuarterTurnedAxisRow) {
+  // For axis 0 that row is the frame's z axis: the light loses its part along it, and full
+  // strength turns the x axis onto what remains.
+  for (const Matrix4& frame : sampleFrames()) {
+    const Vector3 z = axisOf(frame, 2);
+    if (std::fabs(z.z) > 0.99) continue;
+    const Vector3 remainder = (Vector3{0, 0, 1} - z * z.z).normalized();
+    expectNear(axisOf(photoTurn(frame, 0, 1.0, 1) * frame, 0), remainder, 1e-9);
+  }
 }
 
 TEST(PhotoTurn, turnTowardsPointsZAtTheTarget) {
@@ -143,8 +147,8 @@ TEST(PhotoTurn, blendMatricesIsElementwiseWithClampedWeight) {
 
 namespace {
 
-PlacementList evaluateClassic(ParameterSetData& params, const Matrix4& world,
-                              const Matrix4& local, int roleMask, int* result = nullptr) {
+PlacementList evaluateClassic(ParameterSetData& params, const Matrix4& world, const Matrix4& local,
+                              int roleMask, int* result = nullptr) {
   ClassicSimple node;
   params.worldMatrix = world;
   params.localMatrix = local;
@@ -176,18 +180,21 @@ TEST(ClassicSimple, writesItsDefaults) {
 TEST(ClassicSimple, placesItsChildrenTurnedTowardTheLight) {
   ParameterSetData params;
   ClassicSimple().initParameters(params, 1.0);
-  for (const Matrix4& local : sampleFrames()) {
+  const std::vector<Matrix4> frames = sampleFrames();
+  for (size_t i = 0; i + 1 < frames.size(); ++i) {
+    const Matrix4 world = frames[i], local = frames[i + 1];
     int result = 0;
-    // The node stands at the root: its world matrix is its local one.
-    const PlacementList placements = evaluateClassic(params, local, local, RoleOther, &result);
+    const PlacementList placements = evaluateClassic(params, world, local, RoleOther, &result);
     EXPECT_EQ(result, RoleOther);
     ASSERT_EQ(placements.size(), 1u);
     EXPECT_EQ(placements[0].role, RoleOther);
     ASSERT_EQ(placements[0].placements.size(), 1u);
     const Placement& placement = placements[0].placements[0];
     EXPECT_FALSE(placement.wantsData);
-    // Below the node the child's frame is local * placement: the frame with x along the light.
-    expectNear(axisOf(local * placement.matrix, 0), {0, 0, 1}, 1e-9);
+    // The placement is the correction conjugated into the local frame; the correction turns the
+    // node's frame seen from the world (W^-1 L) with its x axis onto the light.
+    const Matrix4 correction = local * placement.matrix * local.inverse();
+    expectNear(axisOf(correction * (world.inverse() * local), 0), {0, 0, 1}, 1e-9);
   }
 }
 

@@ -47,7 +47,8 @@ TEST(Solids, defaultsFollowTheSize) {
   Plane plane;
   Box box;
   ParameterSetData s = defaultsOf(sphere, 3.0), c = defaultsOf(cone, 3.0),
-                   y = defaultsOf(cylinder, 3.0), p = defaultsOf(plane, 3.0), b = defaultsOf(box, 3.0);
+                   y = defaultsOf(cylinder, 3.0), p = defaultsOf(plane, 3.0),
+                   b = defaultsOf(box, 3.0);
   EXPECT_EQ(s.getInt(IdSlices), 4);
   EXPECT_EQ(s.getInt(IdStacks), 4);
   EXPECT_DOUBLE_EQ(s.getDouble(IdSphereRadius), 1.5);
@@ -125,8 +126,8 @@ TEST(Solids, boxWritesSixFacesOfACube) {
   Evaluated out;
   evaluatePrimitive(box, params, out);
   ASSERT_EQ(out.stream.patches.size(), 6u);
-  const Vector3 faceCentres[6] = {{0, 0, 1}, {1, 0, 0}, {0, 0, -1}, {-1, 0, 0}, {0, 1, 0},
-                                  {0, -1, 0}};
+  const Vector3 faceCentres[6] = {{0, 0, 1},  {1, 0, 0}, {0, 0, -1},
+                                  {-1, 0, 0}, {0, 1, 0}, {0, -1, 0}};
   for (int face = 0; face < 6; ++face) {
     const auto& patch = out.stream.patches[face];
     ASSERT_EQ(patch.points.size(), 4u);
