@@ -1,6 +1,9 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
+//   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, splines
+//   classic   scene graph, classic nodes and the solid primitives
+//   scene     scene files: chunk format, vocabulary, scene load
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -19,6 +22,25 @@
 #include "Simple.h"
 #include "Vector3.h"
 
+// curves
+#include "CurveParam.h"
+#include "CurveParamIntegration.h"
+#include "CurvePoint.h"
+#include "ExprConstant.h"
+#include "ExprFunction.h"
+#include "ExprOpNeg.h"
+#include "ExprOperator.h"
+#include "ExprParenthesis.h"
+#include "ExprVariable.h"
+#include "Expression.h"
+#include "ExpressionAtom.h"
+#include "Integration.h"
+#include "MersenneTwister.h"
+#include "Noise.h"
+#include "ParameterSetData.h"
+#include "ValueNoise.h"
+#include "VariableScope.h"
+
 // geometry
 #include "EditableMesh.h"
 #include "GeomAttributes.h"
@@ -36,3 +58,29 @@
 #include "Spline.h"
 #include "SplineData.h"
 #include "TexturePolygon.h"
+
+// classic
+#include "AttractorPrim.h"
+#include "Box.h"
+#include "Disk.h"
+#include "GridPatch.h"
+#include "Plane.h"
+#include "QuarterTurn.h"
+#include "Solid.h"
+#include "SolidCone.h"
+#include "SolidCylinder.h"
+#include "SolidParameters.h"
+#include "Sphere.h"
+// scene
+#include "Chunk.h"
+#include "MvrColor.h"
+#include "MvrComponent.h"
+#include "MvrKeyFrame.h"
+#include "MvrLimitedTriple.h"
+#include "MvrPrimitive.h"
+#include "MvrRange.h"
+#include "MvrReader.h"
+#include "MvrTransform.h"
+#include "MvrTriple.h"
+#include "MvrTypeData.h"
+#include "MvrValue.h"
