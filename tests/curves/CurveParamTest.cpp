@@ -123,6 +123,20 @@ TEST(CurveParam, bezierSegmentsMatchIndependentReference) {
   EXPECT_TRUE(messages.errors.empty());
 }
 
+TEST(CurveParam, failedRootSearchReportsAndFallsBackToLinearParameter) {
+  // Very near the start of a segment whose right control hugs the left end, the cubic's
+  // discriminant counts as zero and no root lies inside: s = t is taken instead.
+  mv::CurveParam curve;
+  ASSERT_TRUE(curve.setPoint(freePoint(1, 1.0, 1.0, 1.0 / 60.0, 1.0, 1.0, 1.0), false));
+  CapturingMessageHandler messages;
+  const double s = 1e-6;
+  EXPECT_DOUBLE_EQ(curve.evaluateCurve(s), ((-2.0 * s + 3.0) * s) * s);
+  ASSERT_EQ(messages.errors.size(), 1u);
+  EXPECT_EQ(
+      messages.errors[0],
+      "Curve Evaluation Problem: [-0.0514524 -0.000589592 -0.000589592] [0.95 0.05 0 -1e-06]");
+}
+
 TEST(CurveParam, controlsAtThirdsGiveThePolynomialInU) {
   // a = 0: s = t, so the value is the Bezier polynomial at u itself.
   const mv::CurveParam curve = bezierSegment(1.0 / 3.0, 2.0, 2.0 / 3.0, -1.0);

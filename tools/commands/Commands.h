@@ -8,3 +8,7 @@
 struct CommandResult {
   int exitCode = 0;
 };
+
+// morvo curve: prints a curve's values as CSV.
+void addCurveCommand(CLI::App& app, CommandResult& result);
+void addInfoCommand(CLI::App& app, CommandResult& result);
