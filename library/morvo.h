@@ -1,7 +1,7 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
-//   geometry  meshes, the geometry stream, splines
+//   geometry  meshes, the geometry stream, polygon output and triangulation, splines
 //   classic   scene graph, classic nodes and the solid primitives
 //   scene     scene files: chunk format, vocabulary, scene load
 // Link the CMake target Morvo::library.
@@ -47,6 +47,7 @@
 #include "GeomCommand.h"
 #include "GeomNormal.h"
 #include "GeomPoint4.h"
+#include "GeomPrimitiveWriter.h"
 #include "IMesh.h"
 #include "MeshData.h"
 #include "MeshPolygon.h"
@@ -54,10 +55,12 @@
 #include "OGeomStream.h"
 #include "OMesh.h"
 #include "OMeshDummy.h"
+#include "OPolygonStream.h"
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
 #include "TexturePolygon.h"
+#include "Triangulation.h"
 
 // classic
 #include "AttractorPrim.h"
