@@ -96,6 +96,7 @@
 // scene
 #include "Chunk.h"
 #include "MvrCall.h"
+#include "MvrClassicPlants.h"
 #include "MvrColor.h"
 #include "MvrComponent.h"
 #include "MvrCurveConversion.h"
