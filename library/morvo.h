@@ -3,7 +3,7 @@
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, polygon output and triangulation, splines
 //   classic   scene graph, classic nodes and the solid primitives
-//   scene     scene files: chunk format, vocabulary, scene load
+//   scene     scene files: chunk format, vocabulary, scene load, loader to the classic graph
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -65,21 +65,24 @@
 // classic
 #include "AttractorPrim.h"
 #include "Box.h"
+#include "ClassicNodeParameters.h"
+#include "ClassicSimple.h"
+#include "ClassicSpline.h"
 #include "Disk.h"
 #include "GridPatch.h"
+#include "Material.h"
+#include "Node.h"
+#include "PhotoTurn.h"
 #include "Plane.h"
 #include "QuarterTurn.h"
+#include "SceneGraph.h"
+#include "SelectionMesh.h"
 #include "Solid.h"
 #include "SolidCone.h"
 #include "SolidCylinder.h"
 #include "SolidParameters.h"
 #include "Sphere.h"
 // classic plants
-#include "ClassicSimple.h"
-#include "ClassicSpline.h"
-#include "Material.h"
-#include "PhotoTurn.h"
-#include "SelectionMesh.h"
 #include "ClassicHorn.h"
 #include "ClassicLeaf.h"
 #include "ClassicRoles.h"
@@ -93,8 +96,10 @@
 #include "TreeFrame.h"
 #include "TreeSample.h"
 #include "TreeTrunk.h"
+
 // scene
 #include "Chunk.h"
+#include "ClassicKinds.h"
 #include "MvrCall.h"
 #include "MvrClassicPlants.h"
 #include "MvrColor.h"
@@ -110,6 +115,7 @@
 #include "MvrRange.h"
 #include "MvrReader.h"
 #include "MvrRecordingLoader.h"
+#include "MvrSceneLoader.h"
 #include "MvrTransform.h"
 #include "MvrTreeRecord.h"
 #include "MvrTriple.h"

@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
   addCurveCommand(app, result);
   addInfoCommand(app, result);
   addPrimitivesCommand(app, result);
+  addRenderCommand(app, result);
 
   try {
     app.parse(argc, argv);

@@ -9,6 +9,8 @@
 #include "ChildRole.h"
 #include "Disk.h"
 #include "GeometryExpectations.h"
+#include "MeshExpectations.h"
+#include "OPolygonStream.h"
 #include "ParameterSetData.h"
 #include "PatchRecorder.h"
 #include "Plane.h"
@@ -239,4 +241,67 @@ TEST(Solids, insideTestsAreInclusiveAtTheirBounds) {
   EXPECT_TRUE(cylinder.contains(cylinderParams, {0, -in, -in}));
   EXPECT_FALSE(cylinder.contains(cylinderParams, {0.8 * out, 0.6 * out, 0}));
   EXPECT_FALSE(cylinder.contains(cylinderParams, {0, 0, out}));
+}
+
+namespace {
+
+MeshData polygonsOf(Simple& primitive, ParameterSetData& params) {
+  MeshData mesh;
+  {
+    OPolygonStream stream(&mesh, true);
+    PlacementList placements;
+    primitive.evaluate(params, stream, RoleOther, placements, 1.0);
+  }
+  return mesh;
+}
+
+// The sweep runs counter-clockwise about z and the rows go up, so by the right-hand rule every
+// quad faces the axis: all alike, the inside of the surface.
+void expectFacingTheAxis(const MeshData& mesh) {
+  for (const MeshPolygon& polygon : mesh.polygons) {
+    const Vector3 centre = polygonCentroid(mesh, polygon);
+    EXPECT_LT(polygonNormal(mesh, polygon).dot({centre.x, centre.y, 0}), 0.0);
+  }
+}
+
+}  // namespace
+
+// The grids of the Part make every solid turn its faces one way, by the right-hand rule inward:
+// a closed solid encloses a negative volume.
+TEST(SolidSurfaces, boxAndSphereAreClosedAndConsistentlyTurned) {
+  Box box;
+  ParameterSetData boxParams = defaultsOf(box);
+  for (int resolution : {1, 3}) {
+    boxParams.setInt(IdBoxResolution, resolution);
+    const MeshData mesh = polygonsOf(box, boxParams);
+    EXPECT_EQ(mesh.polygons.size(), 6u * resolution * resolution);
+    EXPECT_NEAR(expectClosedMesh(mesh), -1.0, 1e-12);
+  }
+  Sphere sphere;
+  ParameterSetData sphereParams = defaultsOf(sphere, 2.0);
+  const MeshData coarse = polygonsOf(sphere, sphereParams);
+  EXPECT_EQ(coarse.points.size(), 20u);  // the seam column is welded
+  EXPECT_EQ(coarse.polygons.size(), 16u);
+  const double coarseVolume = -expectClosedMesh(coarse);
+  EXPECT_GT(coarseVolume, 0.0);
+  EXPECT_LT(coarseVolume, 4.0 / 3.0 * M_PI);
+  sphereParams.setInt(IdSlices, 64);
+  sphereParams.setInt(IdStacks, 32);
+  EXPECT_NEAR(-expectClosedMesh(polygonsOf(sphere, sphereParams)), 4.0 / 3.0 * M_PI, 0.02);
+}
+
+TEST(SolidSurfaces, coneAndCylinderAreOpenOnlyAtTheirRims) {
+  SolidCylinder cylinder;
+  ParameterSetData cylinderParams = defaultsOf(cylinder);
+  const MeshData tube = polygonsOf(cylinder, cylinderParams);
+  EXPECT_EQ(tube.points.size(), 8u * 5u);
+  EXPECT_EQ(tube.polygons.size(), 8u * 4u);
+  EXPECT_EQ(WeldedEdges(tube).unmatchedEdges(), 2 * 8);  // top and bottom rims
+  expectFacingTheAxis(tube);
+  SolidCone cone;
+  ParameterSetData coneParams = defaultsOf(cone);
+  coneParams.setInt(IdSlices, 6);
+  const MeshData shell = polygonsOf(cone, coneParams);
+  EXPECT_EQ(WeldedEdges(shell).unmatchedEdges(), 6);  // the base rim; the apex is welded shut
+  expectFacingTheAxis(shell);
 }
