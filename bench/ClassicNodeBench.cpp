@@ -2,6 +2,7 @@
 // knot placements) and of a leaf, through the polygon stream into a mesh. Items are polygons.
 #include <benchmark/benchmark.h>
 
+#include "BaseNode.h"
 #include "ChildRole.h"
 #include "ClassicLeaf.h"
 #include "ClassicTree.h"
@@ -45,8 +46,8 @@ void BM_ClassicTreeNode(benchmark::State& state) {
   mv::ParameterSetData params;
   tree.initParameters(params, 1.0);
   params.setDouble(mv::IdTreeSegments, static_cast<double>(state.range(0)));
-  params.setDouble(mv::IdBranchNum, 40.0);
-  params.setCurve(mv::IdDeviate, mv::CurveParam(0, 1, 0.2, 0.1, "id"));
+  params.setDouble(mv::IdTreeBranchNum, 40.0);
+  params.setCurve(mv::IdTreeDeviate, mv::CurveParam(0, 1, 0.2, 0.1, "id"));
   params.setCurve(mv::IdTreeGravitropism, mv::CurveParam(0, 1, 0.1, 0.3, "id"));
   ProfileLink profile(16);
   params.profileNode = &profile;
@@ -60,17 +61,17 @@ void BM_ClassicLeafNode(benchmark::State& state) {
   mv::ParameterSetData params;
   leaf.initParameters(params, 1.0);
   const mv::CurveParam zero(0, 1, 0, 0, "id"), one(0, 1, 1, 1, "id");
-  for (int id : {mv::IdRotY, mv::IdRotZ, mv::IdTrX, mv::IdTrY, mv::IdHornScrew, mv::IdFlap,
-                 mv::IdHornScale}) {
+  for (int id : {mv::IdHornRotY, mv::IdHornRotZ, mv::IdHornTrX, mv::IdHornTrY, mv::IdHornScrew,
+                 mv::IdHornFlap, mv::IdHornScale}) {
     params.setCurve(id, zero);
   }
-  params.setCurve(mv::IdRotX, mv::CurveParam(0, 1, 0.2, 0.6, "id"));
+  params.setCurve(mv::IdHornRotX, mv::CurveParam(0, 1, 0.2, 0.6, "id"));
   params.setCurve(mv::IdHornDense, one);
   params.setCurve(mv::IdHornShape, mv::CurveParam(0, 1.57, 0, 1.57, "sin(x*2)"));
   params.setCurve(mv::IdLeafGravitropism, mv::CurveParam(0, 1, 0.1, 0.3, "id"));
   params.setDouble(mv::IdHornSegments, static_cast<double>(state.range(0)));
   params.setDouble(mv::IdHornLength, 1.0);
-  params.setDouble(mv::IdMoveScale, 0.05);
+  params.setDouble(mv::IdHornMoveScale, 0.05);
   ProfileLink profile(5);
   params.profileNode = &profile;
   runNode(state, leaf, params);

@@ -101,7 +101,6 @@
 #include "Chunk.h"
 #include "ClassicKinds.h"
 #include "MvrCall.h"
-#include "MvrClassicPlants.h"
 #include "MvrColor.h"
 #include "MvrComponent.h"
 #include "MvrCurveConversion.h"

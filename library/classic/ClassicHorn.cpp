@@ -97,8 +97,8 @@ std::vector<TreeFrame> ClassicHorn::buildHornFrames(const ChainCurves& curves, d
 
 bool ClassicHorn::initParameters(ParameterSet& params, double size) {
   ClassicSimple::initParameters(params, size);
-  params.setBool(IdSmooth, true);
-  params.setCurve(IdSteps, CurveParam(1.0, 200.0, 1.0, 1.0, "id"));
+  params.setBool(IdHornSmooth, true);
+  params.setCurve(IdHornSteps, CurveParam(1.0, 200.0, 1.0, 1.0, "id"));
   return true;
 }
 
@@ -114,7 +114,7 @@ bool ClassicHorn::assignRoles(ParameterSet&, std::vector<int>& roles, int childC
 int ClassicHorn::evaluate(ParameterSet& params, OGeomStream& stream, int roleMask,
                           PlacementList& placements, double) {
   const HornReading r(params);
-  CurveParam* steps = params.getCurve(IdSteps);
+  CurveParam* steps = params.getCurve(IdHornSteps);
   if (!r.complete() || !steps) return 0;
   std::vector<TreeFrame> frames =
       path.keys.empty() ? buildHornFrames(r.chain(), r.segments, r.length, r.moveScale)

@@ -9,6 +9,7 @@
 
 #include <vector>
 
+#include "ClassicNodeParameters.h"
 #include "ClassicSimple.h"
 #include "ClassicSpline.h"
 #include "TreeFrame.h"
@@ -16,28 +17,6 @@
 namespace mv {
 
 class CurveParam;
-
-enum HornParameterId : int {
-  IdHornSegments = 20400,
-  IdMoveScale = 20401,
-  IdHornLength = 20402,
-  IdHornTop = 20403,
-  IdSmooth = 20404,
-  IdHornShape = 20405,
-  IdRotX = 20406,
-  IdRotY = 20407,
-  IdRotZ = 20408,
-  IdTrX = 20409,
-  IdTrY = 20410,
-  IdHornDense = 20411,
-  IdHornScrew = 20412,
-  IdFlap = 20413,
-  IdHornScale = 20414,
-  IdSteps = 20415,
-  IdHornSeparator = 20421,
-  IdLeafPhototropism = 20510,
-  IdLeafGravitropism = 20511,
-};
 
 class ClassicHorn : public ClassicSimple {
  public:

@@ -50,24 +50,24 @@ struct TreeReading {
       : unit(usableUnit(p.getDouble(IdUnit))),
         segments(p.getDouble(IdTreeSegments)),
         length(p.getDouble(IdTreeLength)),
-        iniScale(p.getDouble(IdIniScale)),
-        branchNum(p.getDouble(IdBranchNum)),
-        kruschtlKnots(p.getDouble(IdKruschtlKnots)),
+        iniScale(p.getDouble(IdTreeIniScale)),
+        branchNum(p.getDouble(IdTreeBranchNum)),
+        kruschtlKnots(p.getDouble(IdTreeKruschtlKnots)),
         photoStrength(p.getDouble(IdPhotoStrength)),
         photoAxis(p.getInt(IdPhotoAxis)),
-        pairs(p.getInt(IdPairs)),
-        version(p.getInt(IdVersion)),
+        pairs(p.getInt(IdTreePairs)),
+        version(p.getInt(IdTreeVersion)),
         top(p.getBool(IdTreeTop)),
         displace(p.getCurve(IdDisplace)),
         shape(p.getCurve(IdTreeShape)),
-        deviate(p.getCurve(IdDeviate)),
-        kruschtl(p.getCurve(IdKruschtl)),
-        branchiness(p.getCurve(IdBranchiness)),
+        deviate(p.getCurve(IdTreeDeviate)),
+        kruschtl(p.getCurve(IdTreeKruschtl)),
+        branchiness(p.getCurve(IdTreeBranchiness)),
         screw(p.getCurve(IdTreeScrew)),
-        angle(p.getCurve(IdAngle)),
+        angle(p.getCurve(IdTreeAngle)),
         dense(p.getCurve(IdTreeDense)),
         scale(p.getCurve(IdTreeScale)),
-        geomScale(p.getCurve(IdGeomScale)),
+        geomScale(p.getCurve(IdTreeGeomScale)),
         phototropism(p.getCurve(IdTreePhototropism)),
         gravitropism(p.getCurve(IdTreeGravitropism)),
         growth(p.getDouble(IdCarriedGrowth) * iniScale),
@@ -206,23 +206,23 @@ bool ClassicTree::initParameters(ParameterSet& params, double size) {
   ClassicSimple::initParameters(params, size);
   params.setDouble(IdTreeSegments, 19.0);
   params.setDouble(IdTreeLength, 1.0);
-  params.setDouble(IdIniScale, 1.0);
+  params.setDouble(IdTreeIniScale, 1.0);
   params.setBool(IdTreeTop, true);
-  params.setDouble(IdBranchNum, 10.0);
+  params.setDouble(IdTreeBranchNum, 10.0);
   params.setCurve(IdTreeShape, CurveParam(0.0, 1.0, 0.8, 0.6, 0.0, PointSmooth));
-  params.setCurve(IdDeviate, CurveParam(0.0, 1.0, 0.0, 0.0, 0.0, PointSmooth));
-  params.setDouble(IdKruschtlKnots, 2.0);
-  params.setCurve(IdKruschtl, CurveParam(0.0, 1.0, 0.0, 0.0, 0.0, PointSmooth));
-  params.setCurve(IdBranchiness, CurveParam(0.0, 1.0, 0.0, 0.2, 0.1, PointSmooth));
+  params.setCurve(IdTreeDeviate, CurveParam(0.0, 1.0, 0.0, 0.0, 0.0, PointSmooth));
+  params.setDouble(IdTreeKruschtlKnots, 2.0);
+  params.setCurve(IdTreeKruschtl, CurveParam(0.0, 1.0, 0.0, 0.0, 0.0, PointSmooth));
+  params.setCurve(IdTreeBranchiness, CurveParam(0.0, 1.0, 0.0, 0.2, 0.1, PointSmooth));
   params.setCurve(IdTreeScrew, CurveParam(0.0, kPi, 3.8832221, 3.8832221, "id"));
-  params.setCurve(IdAngle, CurveParam(0.0, 1.0, 0.4, 0.4, 0.4, PointSmooth));
+  params.setCurve(IdTreeAngle, CurveParam(0.0, 1.0, 0.4, 0.4, 0.4, PointSmooth));
   params.setCurve(IdTreeDense, CurveParam(0.0, 1.0, 0.5, 0.5, 0.1, PointSmooth));
   params.setCurve(IdTreeScale, CurveParam(0.0, 1.0, 0.8, 0.8, 0.3, PointSmooth));
-  params.setCurve(IdGeomScale, CurveParam(0.0, 2.0, 1.0, 1.0, 1.0, PointSmooth));
-  params.setInt(IdPairs, 0);
+  params.setCurve(IdTreeGeomScale, CurveParam(0.0, 2.0, 1.0, 1.0, 1.0, PointSmooth));
+  params.setInt(IdTreePairs, 0);
   params.setCurve(IdTreePhototropism, CurveParam(0.0, 1.0, 0.0, 0.0, 0.0, PointSmooth));
   params.setCurve(IdTreeGravitropism, CurveParam(0.0, 1.0, 0.0, 0.0, 0.0, PointSmooth));
-  params.setInt(IdVersion, 6);
+  params.setInt(IdTreeVersion, 6);
   return true;
 }
 

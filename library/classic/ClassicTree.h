@@ -10,33 +10,11 @@
 
 #include <vector>
 
+#include "ClassicNodeParameters.h"
 #include "ClassicSimple.h"
 #include "ClassicSpline.h"
 
 namespace mv {
-
-enum TreeParameterId : int {
-  IdTreeSegments = 20200,
-  IdTreeLength = 20201,
-  IdIniScale = 20202,
-  IdTreeTop = 20203,
-  IdBranchNum = 20204,
-  IdTreeShape = 20205,
-  IdDeviate = 20206,
-  IdKruschtlKnots = 20207,
-  IdKruschtl = 20208,
-  IdBranchiness = 20209,
-  IdTreeScrew = 20210,
-  IdAngle = 20211,
-  IdTreeDense = 20212,
-  IdTreeScale = 20213,
-  IdGeomScale = 20214,
-  IdPairs = 20215,
-  IdTreePhototropism = 20216,
-  IdTreeGravitropism = 20217,
-  IdVersion = 20220,
-  IdTreeSeparator = 20221,
-};
 
 class ClassicTree : public ClassicSimple {
  public:

@@ -7,7 +7,7 @@ namespace mv {
 
 HornReading::HornReading(ParameterSet& p)
     : segments(p.getDouble(IdHornSegments)),
-      moveScale(p.getDouble(IdMoveScale)),
+      moveScale(p.getDouble(IdHornMoveScale)),
       length(p.getDouble(IdHornLength)),
       unit(usableUnit(p.getDouble(IdUnit))),
       photoStrength(p.getDouble(IdPhotoStrength)),
@@ -18,15 +18,15 @@ HornReading::HornReading(ParameterSet& p)
       local(p.getMatrix(IdLocalMatrix)),
       displace(p.getCurve(IdDisplace)),
       shape(p.getCurve(IdHornShape)),
-      rotX(p.getCurve(IdRotX)),
-      rotY(p.getCurve(IdRotY)),
-      rotZ(p.getCurve(IdRotZ)),
-      trX(p.getCurve(IdTrX)),
-      trY(p.getCurve(IdTrY)),
+      rotX(p.getCurve(IdHornRotX)),
+      rotY(p.getCurve(IdHornRotY)),
+      rotZ(p.getCurve(IdHornRotZ)),
+      trX(p.getCurve(IdHornTrX)),
+      trY(p.getCurve(IdHornTrY)),
       dense(p.getCurve(IdHornDense)),
       scale(p.getCurve(IdHornScale)),
       screw(p.getCurve(IdHornScrew)),
-      flap(p.getCurve(IdFlap)) {}
+      flap(p.getCurve(IdHornFlap)) {}
 
 bool HornReading::complete() const {
   for (const CurveParam* curve :

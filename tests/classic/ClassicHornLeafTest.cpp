@@ -27,9 +27,10 @@ struct ChainFixture {
     params.setDouble(IdPhotoStrength, 0.0);
     params.setDouble(IdHornSegments, segments);
     params.setDouble(IdHornLength, length);
-    params.setDouble(IdMoveScale, 1.0);
+    params.setDouble(IdHornMoveScale, 1.0);
     params.setBool(IdHornTop, false);
-    for (int id : {IdRotX, IdRotY, IdRotZ, IdTrX, IdTrY, IdHornScrew, IdFlap}) {
+    for (int id :
+         {IdHornRotX, IdHornRotY, IdHornRotZ, IdHornTrX, IdHornTrY, IdHornScrew, IdHornFlap}) {
       params.setCurve(id, constant(0.0));
     }
     params.setCurve(IdHornDense, constant(1.0));
@@ -107,7 +108,7 @@ TEST(ClassicHorn, constantTurnMakesAnArcOfTheExpectedRadius) {
 
 TEST(ClassicHorn, standardElementsStandEveryStepsFrames) {
   HornFixture f(9.0);
-  f.params.setCurve(IdSteps, CurveParam(1, 200, 3, 3, "id"));
+  f.params.setCurve(IdHornSteps, CurveParam(1, 200, 3, 3, "id"));
   f.params.carriedGrowth = 0.7;
   f.params.carriedThickness = 0.4;
   f.evaluate(RoleEnd);
@@ -145,7 +146,7 @@ TEST(ClassicHorn, fewerThanOneSegmentLeavesOneFrameAndNoTube) {
 TEST(ClassicHorn, pathHornFollowsItsPathWithoutTurning) {
   HornFixture f(4.0);
   f.node.path.keys = {{0.0, {0, 0, 0}}, {1.0, {4, 0, 0}}};
-  f.params.setCurve(IdRotX, constant(1.0));  // not read along a path
+  f.params.setCurve(IdHornRotX, constant(1.0));  // not read along a path
   f.evaluate();
   const auto& patch = f.stream.patches.at(0);
   ASSERT_EQ(patch.countV, 4);  // the last frame lies before the end of the path
@@ -160,7 +161,7 @@ TEST(ClassicHorn, pathHornFollowsItsPathWithoutTurning) {
 
 TEST(ClassicHorn, missingCurveWritesNothing) {
   HornFixture f(4.0);
-  f.params.curves.erase(IdSteps);
+  f.params.curves.erase(IdHornSteps);
   EXPECT_EQ(f.evaluate(), 0);
   EXPECT_TRUE(f.placements.empty());
   EXPECT_TRUE(f.stream.patches.empty());
@@ -198,7 +199,7 @@ TEST(ClassicLeaf, outlineFollowsTheShapeAndTheTipAlwaysCloses) {
 
 TEST(ClassicLeaf, gravitropismBendsTheLeafDown) {
   LeafFixture upright(8.0, 1.0), drooping(8.0, 1.0);
-  for (LeafFixture* f : {&upright, &drooping}) f->params.setCurve(IdRotX, constant(1.0));
+  for (LeafFixture* f : {&upright, &drooping}) f->params.setCurve(IdHornRotX, constant(1.0));
   drooping.params.setCurve(IdLeafGravitropism, constant(0.1));
   upright.evaluate(RoleEnd);
   drooping.evaluate(RoleEnd);

@@ -25,13 +25,13 @@ struct TreeFixture {
   TreeFixture() {
     tree.initParameters(params, 1.0);
     params.setDouble(IdPhotoStrength, 0.0);
-    params.setCurve(IdBranchiness, constant(1.0));
-    params.setDouble(IdBranchNum, 3.0);
+    params.setCurve(IdTreeBranchiness, constant(1.0));
+    params.setDouble(IdTreeBranchNum, 3.0);
     params.setDouble(IdTreeSegments, 10.0);
     params.setDouble(IdTreeLength, 3.0);
     params.setCurve(IdTreeShape, constant(0.5));
     params.setCurve(IdTreeScrew, constant(1.0));
-    params.setCurve(IdAngle, constant(0.4));
+    params.setCurve(IdTreeAngle, constant(0.4));
     params.setCurve(IdTreeScale, constant(0.8));
     params.setCurve(IdTreeDense, constant(0.5));
     params.setBool(IdTreeTop, false);
@@ -125,7 +125,7 @@ TEST(ClassicTree, branchesInheritGrowthAndThickness) {
   TreeFixture f;
   f.params.carriedGrowth = 0.5;
   f.params.carriedThickness = 0.6;
-  f.params.setDouble(IdIniScale, 1.0);
+  f.params.setDouble(IdTreeIniScale, 1.0);
   f.evaluate();
   // Only the knot below the growth stands, with its share of the growth.
   const PlacementGroup* knots = f.group(RoleNodes);
@@ -144,7 +144,7 @@ TEST(ClassicTree, branchesInheritGrowthAndThickness) {
 
 TEST(ClassicTree, pairedArrangementPlacesTwoBranchesPerKnot) {
   TreeFixture f;
-  f.params.setInt(IdPairs, 4);
+  f.params.setInt(IdTreePairs, 4);
   f.evaluate(RoleNodes);
   const PlacementGroup* knots = f.group(RoleNodes);
   ASSERT_EQ(knots->placements.size(), 6u);
@@ -166,7 +166,7 @@ TEST(ClassicTree, pairedArrangementPlacesTwoBranchesPerKnot) {
 TEST(ClassicTree, olderVersionsReadTheDensityElsewhere) {
   for (int version : {3, 5}) {
     TreeFixture f;
-    f.params.setInt(IdVersion, version);
+    f.params.setInt(IdTreeVersion, version);
     f.params.setCurve(IdTreeDense, CurveParam(0, 1, 0, 1, "id"));
     f.params.carriedGrowth = 0.5;
     f.evaluate(RoleNodes);
@@ -179,16 +179,16 @@ TEST(ClassicTree, olderVersionsReadTheDensityElsewhere) {
 
 TEST(ClassicTree, withoutBranchinessOrCurvesNothingIsPlaced) {
   TreeFixture f;
-  f.params.setCurve(IdBranchiness, constant(0.0));
+  f.params.setCurve(IdTreeBranchiness, constant(0.0));
   EXPECT_EQ(f.evaluate(), 0);
   EXPECT_TRUE(f.placements.empty());
   EXPECT_TRUE(f.stream.patches.empty());
   TreeFixture missing;
-  missing.params.curves.erase(IdGeomScale);
+  missing.params.curves.erase(IdTreeGeomScale);
   EXPECT_EQ(missing.evaluate(), 0);
   EXPECT_TRUE(missing.placements.empty());
   TreeFixture ungrown;
-  ungrown.params.setDouble(IdIniScale, 0.0);
+  ungrown.params.setDouble(IdTreeIniScale, 0.0);
   EXPECT_EQ(ungrown.evaluate(), 0);
 }
 
@@ -201,7 +201,7 @@ TEST(ClassicTree, rolesAndDefaults) {
   EXPECT_EQ(roles, (std::vector<int>{RoleProfile, RoleNodes, RoleEnd, RoleOther, RoleOther}));
   EXPECT_EQ(params.getDouble(IdUnit), 2.0);
   EXPECT_EQ(params.getDouble(IdTreeSegments), 19.0);
-  EXPECT_EQ(params.getInt(IdVersion), 6);
+  EXPECT_EQ(params.getInt(IdTreeVersion), 6);
   EXPECT_NEAR(params.getCurve(IdTreeShape)->evaluate(0.5), 0.6, 1e-12);
   std::string name;
   EXPECT_EQ(tree.typeName(name), "ClassicTree");
@@ -228,15 +228,15 @@ TEST(ClassicTree, extremeValuesFromAFileStayBounded) {
   for (double branchNum : {-3.0, nan, 1e15}) {
     TreeFixture f;
     CapturingMessageHandler messages;
-    f.params.setDouble(IdBranchNum, branchNum);
+    f.params.setDouble(IdTreeBranchNum, branchNum);
     f.params.profileNode = nullptr;
     f.evaluate(RoleNodes);
     EXPECT_LE(f.placements.size(), 1u);
   }
   TreeFixture f;
   f.params.setDouble(IdTreeLength, -2.0);
-  f.params.setCurve(IdDeviate, constant(nan));
-  f.params.setCurve(IdKruschtl, constant(nan));
+  f.params.setCurve(IdTreeDeviate, constant(nan));
+  f.params.setCurve(IdTreeKruschtl, constant(nan));
   f.params.carriedDensity = 0.0;
   f.params.setDouble(IdUnit, 0.0);
   CapturingMessageHandler messages;
