@@ -94,6 +94,7 @@
 #include "FramePhotoTurn.h"
 #include "HornReading.h"
 #include "TreeFrame.h"
+#include "TreePrune.h"
 #include "TreeSample.h"
 #include "TreeTrunk.h"
 

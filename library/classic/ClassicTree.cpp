@@ -13,6 +13,7 @@
 #include "FramePhotoTurn.h"
 #include "ParameterSet.h"
 #include "PhotoTurn.h"
+#include "TreePrune.h"
 #include "TreeTrunk.h"
 
 namespace mv {
@@ -248,6 +249,7 @@ int ClassicTree::evaluate(ParameterSet& params, OGeomStream& stream, int roleMas
   }
   applyTropism(*r.phototropism, *r.gravitropism, frames, r.world.inverse(), r.growth, 1.0);
   correctPhoto(r, frames);
+  pruneFrames(params.getNode(IdClipNode), r.world, frames);
   writeProfileSweep(params, stream, frames, *r.shape, r.unit, r.growth, r.thickness, r.top,
                     *r.displace);
   int placed = 0;

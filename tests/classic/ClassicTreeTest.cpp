@@ -6,12 +6,16 @@
 
 #include "CapturingMessageHandler.h"
 #include "ChildRole.h"
+#include "ClassicSimple.h"
 #include "ClassicTree.h"
 #include "CurveParam.h"
 #include "GeometryExpectations.h"
+#include "Node.h"
 #include "ParameterSetData.h"
 #include "PatchRecorder.h"
 #include "ProfileNode.h"
+#include "SolidParameters.h"
+#include "Sphere.h"
 
 using namespace mv;
 
@@ -242,4 +246,21 @@ TEST(ClassicTree, extremeValuesFromAFileStayBounded) {
   CapturingMessageHandler messages;
   f.evaluate();
   EXPECT_FALSE(f.placements.empty());
+}
+
+TEST(ClassicTree, pruneSolidEndsTheTrunkAtTheFirstFrameOutside) {
+  Node prune;
+  prune.setSimple(new ClassicSimple());
+  Node* ball = new Node();
+  ball->setSimple(new Sphere());
+  ball->parameters().setDouble(IdSphereRadius, 1.5);
+  prune.addChild(ball, "");
+  TreeFixture f;
+  f.params.clipNode = &prune;
+  f.evaluate(RoleNodes);
+  // Rings up to z 1.5 lie inside; the ring at 2.25 is the first outside and the last kept.
+  const auto& patch = f.stream.patches.at(0);
+  ASSERT_EQ(patch.countV, 6);
+  EXPECT_NEAR(patch.at(0, 5).z, 2.25, 1e-9);
+  EXPECT_EQ(f.group(RoleNodes)->placements.size(), 2u);
 }
