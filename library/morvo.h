@@ -1,5 +1,6 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
+//   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, splines
 // Link the CMake target Morvo::library.
 #pragma once
@@ -18,6 +19,25 @@
 #include "ProgressSink.h"
 #include "Simple.h"
 #include "Vector3.h"
+
+// curves
+#include "CurveParam.h"
+#include "CurveParamIntegration.h"
+#include "CurvePoint.h"
+#include "ExprConstant.h"
+#include "ExprFunction.h"
+#include "ExprOpNeg.h"
+#include "ExprOperator.h"
+#include "ExprParenthesis.h"
+#include "ExprVariable.h"
+#include "Expression.h"
+#include "ExpressionAtom.h"
+#include "Integration.h"
+#include "MersenneTwister.h"
+#include "Noise.h"
+#include "ParameterSetData.h"
+#include "ValueNoise.h"
+#include "VariableScope.h"
 
 // geometry
 #include "EditableMesh.h"

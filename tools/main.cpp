@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", "morvo " MORVO_VERSION);
   app.require_subcommand(0, 1);
   CommandResult result;
+  addCurveCommand(app, result);
 
   try {
     app.parse(argc, argv);

@@ -3,12 +3,12 @@
 #include "ChildRole.h"
 #include "CountingGeomStream.h"
 #include "EHierarchyHelp.h"
+#include "ParameterSetData.h"
 #include "Simple.h"
-#include "TestParameterSet.h"
 
 TEST(Simple, defaultsNameAndGeometry) {
   mv::Simple node;
-  TestParameterSet params;
+  mv::ParameterSetData params;
   std::string name;
   EXPECT_EQ(node.typeName(name), "Simple");
   EXPECT_FALSE(node.hasGeometry(params));
@@ -18,7 +18,7 @@ TEST(Simple, defaultsNameAndGeometry) {
 
 TEST(Simple, noChildrenMeansNoRolesAndNoPlacements) {
   mv::Simple node;
-  TestParameterSet params;
+  mv::ParameterSetData params;
   CountingGeomStream stream;
   std::vector<int> roles;
   EXPECT_TRUE(node.assignRoles(params, roles, 0));
@@ -31,7 +31,7 @@ TEST(Simple, noChildrenMeansNoRolesAndNoPlacements) {
 
 TEST(Simple, passesEveryChildThroughAtTheIdentity) {
   mv::Simple node;
-  TestParameterSet params;
+  mv::ParameterSetData params;
   CountingGeomStream stream;
   std::vector<int> roles{4};  // roles are appended, never replaced
   EXPECT_TRUE(node.assignRoles(params, roles, 3));
@@ -57,7 +57,7 @@ TEST(Simple, passesEveryChildThroughAtTheIdentity) {
 
 TEST(Simple, placesNothingWithoutRoleOtherInMask) {
   mv::Simple node;
-  TestParameterSet params;
+  mv::ParameterSetData params;
   CountingGeomStream stream;
   mv::PlacementList placements;
   EXPECT_EQ(node.evaluate(params, stream, mv::RoleNodes | mv::RoleEnd, placements, 1.0), 0);

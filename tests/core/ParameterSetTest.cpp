@@ -2,7 +2,7 @@
 
 #include "BaseNode.h"
 #include "MeshData.h"
-#include "TestParameterSet.h"
+#include "ParameterSetData.h"
 
 namespace {
 
@@ -24,18 +24,18 @@ class MeshNode : public mv::BaseNode {
 TEST(ParameterSet, getSplineOfNodeWithoutSplineIsNullAndNotOk) {
   mv::MeshData mesh;
   MeshNode node(&mesh);
-  TestParameterSet params;
-  params.setNode(mv::IdPathNode, &node);
+  mv::ParameterSetData params;
+  params.setNode(mv::IdTargetNode, &node);
   bool ok = true;
-  EXPECT_EQ(params.getSpline(mv::IdPathNode, &ok), nullptr);
+  EXPECT_EQ(params.getSpline(mv::IdTargetNode, &ok), nullptr);
   EXPECT_FALSE(ok);
-  EXPECT_EQ(params.getMesh(mv::IdPathNode, &ok), &mesh);
+  EXPECT_EQ(params.getMesh(mv::IdTargetNode, &ok), &mesh);
   EXPECT_TRUE(ok);
 }
 
 TEST(ParameterSet, getMeshOfAbsentOrEmptyNodeIsNotOk) {
   MeshNode empty(nullptr);
-  TestParameterSet params;
+  mv::ParameterSetData params;
   params.setNode(1, &empty);
   bool ok = true;
   EXPECT_EQ(params.getMesh(1, &ok), nullptr);

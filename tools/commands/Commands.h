@@ -8,3 +8,6 @@
 struct CommandResult {
   int exitCode = 0;
 };
+
+// morvo curve: prints a curve's values as CSV.
+void addCurveCommand(CLI::App& app, CommandResult& result);

@@ -1,0 +1,99 @@
+// morvo curve: evaluates a curve parameter at evenly spaced positions and prints u and the value
+// as CSV, so that a curve can be inspected from the shell.
+#include <cstdio>
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+
+#include "Commands.h"
+#include "CurveParam.h"
+
+namespace {
+
+constexpr int kMaxCount = 10000000;
+
+int pointType(const std::string& name) {
+  const char* names[] = {"corner", "smooth", "mirrored", "free"};
+  for (int type = mv::PointCorner; type <= mv::PointFree; ++type) {
+    if (name == names[type]) return type;
+  }
+  throw std::runtime_error("unknown point type \"" + name + "\" (corner, smooth, mirrored, free)");
+}
+
+double number(const std::string& text) {
+  size_t used = 0;
+  double value = 0.0;
+  try {
+    value = std::stod(text, &used);
+  } catch (const std::exception&) {
+    used = 0;
+  }
+  if (used == 0 || used != text.size()) throw std::runtime_error("not a number: \"" + text + "\"");
+  return value;
+}
+
+// One point "x:y" or "x:y:type"; x 0 and 1 set the end points.
+void addPoint(mv::CurveParam& curve, const std::string& text) {
+  std::vector<std::string> fields;
+  std::istringstream in(text);
+  for (std::string field; std::getline(in, field, ':');) fields.push_back(field);
+  if (fields.size() < 2 || fields.size() > 3) {
+    throw std::runtime_error("a point is x:y or x:y:type, not \"" + text + "\"");
+  }
+  const double x = number(fields[0]);
+  if (!(x >= 0.0 && x <= 1.0)) throw std::runtime_error("point x outside 0 to 1: \"" + text + "\"");
+  const int type = fields.size() == 3 ? pointType(fields[2]) : mv::PointCorner;
+  const int before = curve.getPointCount();
+  const int id = curve.addPoint(x, number(fields[1]), type);
+  if (id >= 2 && curve.getPointCount() == before) {
+    throw std::runtime_error("point \"" + text + "\" is outside 0 to 1 or too close to another");
+  }
+  if (id < 2 && type != mv::PointCorner && !curve.setPointType(id, type)) {
+    throw std::runtime_error("an end point cannot be of type " + fields[2]);
+  }
+}
+
+void printCurve(const mv::CurveParam& curve, int count) {
+  std::cout << "u,value\n";
+  char line[64];
+  for (int i = 0; i < count; ++i) {
+    const double u = static_cast<double>(i) / (count - 1);
+    std::snprintf(line, sizeof line, "%.12g,%.12g\n", u, curve.evaluate(u));
+    std::cout << line;
+  }
+}
+
+}  // namespace
+
+void addCurveCommand(CLI::App& app, CommandResult& result) {
+  auto* command = app.add_subcommand(
+      "curve", "Evaluate a curve at evenly spaced positions and print u,value as CSV");
+  struct Options {
+    std::string expression = "id";
+    std::vector<std::string> points;
+    double first = 0.0, last = 1.0;
+    int count = 11;
+  };
+  auto options = std::make_shared<Options>();
+  command
+      ->add_option("expression", options->expression,
+                   "Expression over x (the drawn curve's value) and u (the position)")
+      ->capture_default_str();
+  command->add_option("-p,--point", options->points,
+                      "A point x:y[:type], type corner (default), smooth, mirrored or free; "
+                      "x 0 and 1 set the end points");
+  command->add_option("--first", options->first, "Value of the first point")->capture_default_str();
+  command->add_option("--last", options->last, "Value of the last point")->capture_default_str();
+  command->add_option("-n,--count", options->count, "Number of positions")
+      ->check(CLI::Range(2, kMaxCount))
+      ->capture_default_str();
+  command->callback([options, &result] {
+    mv::CurveParam curve(0.0, 1.0, options->first, options->last, "id");
+    if (!curve.setExpression(options->expression)) {
+      throw std::runtime_error("not an expression: \"" + options->expression + "\"");
+    }
+    for (const std::string& point : options->points) addPoint(curve, point);
+    printCurve(curve, options->count);
+    result.exitCode = 0;
+  });
+}
