@@ -2,6 +2,7 @@
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, splines
+//   growth    the growth nodes: generators and modifiers of plants
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -40,6 +41,7 @@
 #include "VariableScope.h"
 
 // geometry
+#include "CurvatureSpline.h"
 #include "EditableMesh.h"
 #include "GeomAttributes.h"
 #include "GeomCommand.h"
@@ -55,4 +57,10 @@
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
+#include "SplineFrame.h"
 #include "TexturePolygon.h"
+
+// growth
+#include "Hydra.h"
+#include "Tropism.h"
+#include "Variation.h"
