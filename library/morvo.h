@@ -61,6 +61,7 @@
 #include "TexturePolygon.h"
 
 // growth
+#include "Deviation.h"
 #include "Hydra.h"
 #include "Tropism.h"
 #include "Variation.h"
