@@ -1,8 +1,9 @@
 // Morvo: a procedural plant modeller. This umbrella header brings in the whole public library:
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
-//   geometry  meshes, the geometry stream, splines
-//   growth    the growth nodes: generators and modifiers of plants
+//   geometry  meshes, the geometry stream, polygon output and triangulation, splines
+//   growth    the growth nodes: Branch, Phyllotaxis, Hydra, Variation, the spline modifiers
+//             Tropism and Deviation, and running a node without a host
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -47,6 +48,7 @@
 #include "GeomCommand.h"
 #include "GeomNormal.h"
 #include "GeomPoint4.h"
+#include "GeomPrimitiveWriter.h"
 #include "IMesh.h"
 #include "MeshData.h"
 #include "MeshPolygon.h"
@@ -54,14 +56,21 @@
 #include "OGeomStream.h"
 #include "OMesh.h"
 #include "OMeshDummy.h"
+#include "OPolygonStream.h"
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
 #include "SplineFrame.h"
 #include "TexturePolygon.h"
+#include "Triangulation.h"
 
 // growth
+#include "Branch.h"
 #include "Deviation.h"
 #include "Hydra.h"
+#include "NodeRun.h"
+#include "Phyllotaxis.h"
+#include "PhyllotaxisIntegration.h"
+#include "SplineNode.h"
 #include "Tropism.h"
 #include "Variation.h"
