@@ -35,16 +35,16 @@ struct Walk {
 };
 
 bool fetchCurves(ParameterSet& params, WalkCurves& curves) {
-  curves.rotateX = params.getCurve(CurvatureSpline::IdRotateX);
-  curves.rotateY = params.getCurve(CurvatureSpline::IdRotateY);
-  curves.rotateZ = params.getCurve(CurvatureSpline::IdRotateZ);
+  curves.rotateX = params.getCurve(CurvatureSpline::curv_rota_x);
+  curves.rotateY = params.getCurve(CurvatureSpline::curv_rota_y);
+  curves.rotateZ = params.getCurve(CurvatureSpline::curv_rota_z);
   if (!curves.rotateX || !curves.rotateY || !curves.rotateZ) {
     messageSink.error("Parameter Retrieval failed!CurvatureSpline::curv_rota_x,y,z");
     return false;
   }
-  curves.moveX = params.getCurve(CurvatureSpline::IdMoveX);
-  curves.moveY = params.getCurve(CurvatureSpline::IdMoveY);
-  curves.moveZ = params.getCurve(CurvatureSpline::IdMoveZ);
+  curves.moveX = params.getCurve(CurvatureSpline::curv_tran_x);
+  curves.moveY = params.getCurve(CurvatureSpline::curv_tran_y);
+  curves.moveZ = params.getCurve(CurvatureSpline::curv_tran_z);
   if (!curves.moveX || !curves.moveY || !curves.moveZ) {
     messageSink.error("Parameter Retrieval failed!CurvatureSpline::curv_tran_x,y,z");
     return false;
@@ -53,14 +53,14 @@ bool fetchCurves(ParameterSet& params, WalkCurves& curves) {
 }
 
 bool readWalk(ParameterSet& params, Walk& walk) {
-  walk.steps = params.getDouble(CurvatureSpline::IdSteps);
+  walk.steps = params.getDouble(CurvatureSpline::curvSteps);
   if (!(std::fabs(walk.steps) <= CurvatureSpline::kMaxSteps)) {
     messageSink.error("CurvatureSpline: curvSteps out of range");
     return false;
   }
-  const double length = params.getDouble(CurvatureSpline::IdLength);
-  walk.fractional = params.getBool(CurvatureSpline::IdFractional);
-  walk.scaleZ = params.getDouble(CurvatureSpline::IdScaleZ);
+  const double length = params.getDouble(CurvatureSpline::curvLength);
+  walk.fractional = params.getBool(CurvatureSpline::curvFractional);
+  walk.scaleZ = params.getDouble(CurvatureSpline::curvScaleZ);
   walk.angleStep = length / (walk.steps + 1.0);
   walk.moveStep = length / walk.steps;
   walk.lastIndex =
@@ -94,18 +94,18 @@ void takeStep(const Walk& walk, const WalkCurves& curves, long i, double up, Mat
 
 bool CurvatureSpline::initParameters(ParameterSet& params, double size) {
   Simple::initParameters(params, size);
-  params.setDouble(IdSteps, 20.0);
-  params.setBool(IdFractional, true);
-  params.setDouble(IdScaleZ, 1.0);
-  params.setDouble(IdLength, 1.0);
+  params.setDouble(curvSteps, 20.0);
+  params.setBool(curvFractional, true);
+  params.setDouble(curvScaleZ, 1.0);
+  params.setDouble(curvLength, 1.0);
   const CurveParam turn(-kPi, kPi, 0.0, 0.0, "id");
-  params.setCurve(IdRotateX, turn);
-  params.setCurve(IdRotateY, turn);
-  params.setCurve(IdRotateZ, turn);
+  params.setCurve(curv_rota_x, turn);
+  params.setCurve(curv_rota_y, turn);
+  params.setCurve(curv_rota_z, turn);
   const CurveParam sideways(-5.0, 5.0, 0.0, 0.0, "id");
-  params.setCurve(IdMoveX, sideways);
-  params.setCurve(IdMoveY, sideways);
-  params.setCurve(IdMoveZ, CurveParam(-5.0 * size, 10.0 * size, 5.0 * size, 5.0 * size, "id"));
+  params.setCurve(curv_tran_x, sideways);
+  params.setCurve(curv_tran_y, sideways);
+  params.setCurve(curv_tran_z, CurveParam(-5.0 * size, 10.0 * size, 5.0 * size, 5.0 * size, "id"));
   return true;
 }
 

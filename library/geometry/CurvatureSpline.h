@@ -17,16 +17,16 @@ namespace mv {
 class CurvatureSpline : public Spline, public virtual Simple {
  public:
   enum ParameterId : int {
-    IdSteps = 1102,       // curvSteps, double: number of steps, may be fractional
-    IdFractional = 1105,  // curvFractional, bool: keep a fractional last step
-    IdScaleZ = 1201,      // curvScaleZ, double: extra factor on the z movement
-    IdLength = 1202,      // curvLength, double: whole length of the walk
-    IdRotateX = 1203,     // curv_rota_x, curve
-    IdRotateZ = 1204,     // curv_rota_z, curve
-    IdRotateY = 1205,     // curv_rota_y, curve
-    IdMoveX = 1206,       // curv_tran_x, curve
-    IdMoveZ = 1207,       // curv_tran_z, curve
-    IdMoveY = 1208,       // curv_tran_y, curve
+    curvSteps = 1102,       // double: number of steps, may be fractional
+    curvFractional = 1105,  // bool: keep a fractional last step
+    curvScaleZ = 1201,      // double: extra factor on the z movement
+    curvLength = 1202,      // double: whole length of the walk
+    curv_rota_x = 1203,     // curve: turn about x
+    curv_rota_z = 1204,     // curve: turn about z
+    curv_rota_y = 1205,     // curve: turn about y
+    curv_tran_x = 1206,     // curve: move along x
+    curv_tran_z = 1207,     // curve: move along z
+    curv_tran_y = 1208,     // curve: move along y
   };
 
   // More steps than this are refused: a path has some hundred points, and a wild step count

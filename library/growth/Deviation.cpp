@@ -108,10 +108,10 @@ void kinkSegment(Spline& spline, uint32_t segment, uint32_t first, const Owner& 
 
 bool readOwner(ParameterSet& params, Owner& owner) {
   bool found = false;
-  owner.nodeNumber = params.getDouble(Deviation::IdOwnerNodeNumber, &found);
-  owner.distribution = params.getCurve(Deviation::IdOwnerNodeDistribution);
-  owner.screw = params.getCurve(Deviation::IdOwnerNodeScrew);
-  owner.angle = params.getCurve(Deviation::IdAngle);
+  owner.nodeNumber = params.getDouble(Deviation::ownerNodeNumber, &found);
+  owner.distribution = params.getCurve(Deviation::ownerNodeDistribution);
+  owner.screw = params.getCurve(Deviation::ownerNodeScrew);
+  owner.angle = params.getCurve(Deviation::deviationAngle);
   return found && owner.distribution && owner.screw && owner.angle;
 }
 
@@ -119,7 +119,7 @@ bool readOwner(ParameterSet& params, Owner& owner) {
 
 bool Deviation::initParameters(ParameterSet& params, double size) {
   Simple::initParameters(params, size);
-  params.setCurve(IdAngle, CurveParam(0.0, kPi, kPi / 4, kPi / 4, "id"));
+  params.setCurve(deviationAngle, CurveParam(0.0, kPi, kPi / 4, kPi / 4, "id"));
   return true;
 }
 

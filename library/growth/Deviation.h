@@ -13,10 +13,10 @@ namespace mv {
 class Deviation : public virtual Simple {
  public:
   enum ParameterId : int {
-    IdAngle = 7001,                  // curve: kink angle at a node
-    IdOwnerNodeNumber = 8301,        // double: nodeNumber of the owning Branch
-    IdOwnerNodeDistribution = 8306,  // curve: nodeDistribution of the owning Branch
-    IdOwnerNodeScrew = 8309,         // curve: nodeScrew of the owning Branch
+    deviationAngle = 7001,         // curve: kink angle at a node
+    ownerNodeNumber = 8301,        // double: nodeNumber of the owning Branch
+    ownerNodeDistribution = 8306,  // curve: nodeDistribution of the owning Branch
+    ownerNodeScrew = 8309,         // curve: nodeScrew of the owning Branch
   };
 
   // More nodes than this leave the path unchanged, with an error: a wild count must not hang.

@@ -33,11 +33,11 @@ struct HydraSettings {
 };
 
 bool fetchCurves(ParameterSet& params, HydraCurves& curves) {
-  curves.sweep = params.getCurve(Hydra::IdSweep);
-  curves.tilt = params.getCurve(Hydra::IdTilt);
-  curves.scale = params.getCurve(Hydra::IdScale);
-  curves.nodeGrowth = params.getCurve(Hydra::IdNodeGrowth);
-  curves.spin = params.getCurve(Hydra::IdSpin);
+  curves.sweep = params.getCurve(Hydra::hydraSweep);
+  curves.tilt = params.getCurve(Hydra::hydraTilt);
+  curves.scale = params.getCurve(Hydra::scale);
+  curves.nodeGrowth = params.getCurve(Hydra::nodeGrowth);
+  curves.spin = params.getCurve(Hydra::hydraSpin);
   if (curves.sweep && curves.tilt && curves.scale && curves.nodeGrowth && curves.spin) return true;
   messageSink.error("Parameter Retrieval failed!");
   return false;
@@ -83,16 +83,16 @@ Placement element(const HydraSettings& s, const HydraCurves& curves, int i) {
 
 bool Hydra::initParameters(ParameterSet& params, double size) {
   Simple::initParameters(params, size);
-  params.setBool(IdNumberFractional, true);
-  params.setCurve(IdNodeGrowth, CurveParam(0.0, 1.0, 1.0, 1.0, "id"));
-  params.setBool(IdNodeGrowthCurved, false);
-  params.setDouble(IdNumber, 8.0);
-  params.setDouble(IdRadius, size * 0.5);
-  params.setCurve(IdScale, CurveParam(-1.0, 2.0, 1.0, 1.0, "id"));
-  params.setCurve(IdTilt, CurveParam(-kPi / 2, kPi / 2, 0.0, 0.0, "id"));
-  params.setCurve(IdSpin, CurveParam(-kPi, kPi, 0.0, 0.0, "id"));
-  params.setCurve(IdSweep, CurveParam(-kPi, kPi, -kPi, kPi, "id"));
-  params.setInt(IdMode, ModeRing);
+  params.setBool(numberFractional, true);
+  params.setCurve(nodeGrowth, CurveParam(0.0, 1.0, 1.0, 1.0, "id"));
+  params.setBool(nodeGrowthCurved, false);
+  params.setDouble(number, 8.0);
+  params.setDouble(radius, size * 0.5);
+  params.setCurve(scale, CurveParam(-1.0, 2.0, 1.0, 1.0, "id"));
+  params.setCurve(hydraTilt, CurveParam(-kPi / 2, kPi / 2, 0.0, 0.0, "id"));
+  params.setCurve(hydraSpin, CurveParam(-kPi, kPi, 0.0, 0.0, "id"));
+  params.setCurve(hydraSweep, CurveParam(-kPi, kPi, -kPi, kPi, "id"));
+  params.setInt(hydraMode, ModeRing);
   return true;
 }
 
@@ -109,17 +109,17 @@ int Hydra::evaluate(ParameterSet& params, OGeomStream&, int roleMask, PlacementL
   if (!fetchCurves(params, curves)) return 0;
   if (!(roleMask & RoleNodes)) return 0;
   HydraSettings s;
-  s.number = params.getDouble(IdNumber);
+  s.number = params.getDouble(number);
   if (!(s.number > 0.0)) return 0;
   if (s.number > kMaxElements) {
     messageSink.error("Hydra: number out of range");
     return 0;
   }
-  s.fractional = params.getBool(IdNumberFractional);
+  s.fractional = params.getBool(numberFractional);
   s.count = static_cast<int>(s.fractional ? std::ceil(s.number) : std::floor(s.number));
-  s.radius = params.getDouble(IdRadius);
-  s.mode = params.getInt(IdMode);
-  s.growthCurved = params.getBool(IdNodeGrowthCurved);
+  s.radius = params.getDouble(radius);
+  s.mode = params.getInt(hydraMode);
+  s.growthCurved = params.getBool(nodeGrowthCurved);
   s.inheritedGrowth = params.getDouble(IdCarriedGrowth);
   PlacementGroup group;
   group.role = RoleNodes;

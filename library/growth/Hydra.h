@@ -13,16 +13,16 @@ namespace mv {
 class Hydra : public virtual Simple {
  public:
   enum ParameterId : int {
-    IdNumberFractional = 1105,  // bool: a fractional number adds a shrinking last element
-    IdNodeGrowth = 1303,        // curve: an element's carried growth over the sequence
-    IdNodeGrowthCurved = 1323,  // bool: multiply the inherited growth by nodeGrowth
-    IdNumber = 1500,            // double: element count
-    IdRadius = 1501,            // double: distance of the elements from the centre
-    IdScale = 1503,             // curve: element scale
-    IdTilt = 1601,              // curve: second angle of an element
-    IdSpin = 1602,              // curve: turn about the element's own z axis
-    IdSweep = 1603,             // curve: angle of an element on the ring
-    IdMode = 1605,              // int: 0 ring, 1 star
+    numberFractional = 1105,  // bool: a fractional number adds a shrinking last element
+    nodeGrowth = 1303,        // curve: an element's carried growth over the sequence
+    nodeGrowthCurved = 1323,  // bool: multiply the inherited growth by nodeGrowth
+    number = 1500,            // double: element count
+    radius = 1501,            // double: distance of the elements from the centre
+    scale = 1503,             // curve: element scale
+    hydraTilt = 1601,         // curve: second angle of an element
+    hydraSpin = 1602,         // curve: turn about the element's own z axis
+    hydraSweep = 1603,        // curve: angle of an element on the ring
+    hydraMode = 1605,         // int: 0 ring, 1 star
   };
   enum Mode : int { ModeRing = 0, ModeStar = 1 };
 

@@ -105,10 +105,10 @@ void bendSegment(const Bend& bend, Spline& spline, uint32_t first, uint32_t coun
 
 bool Tropism::initParameters(ParameterSet& params, double size) {
   Simple::initParameters(params, size);
-  params.setInt(IdMode, ModeAxis);
-  params.setInt(IdAxis, 4);
-  params.setCurve(IdStrength, CurveParam(-1.0, 1.0, 0.2, 0.2, "id"));
-  params.setBool(IdFollowGrowth, false);
+  params.setInt(tropismMode, ModeAxis);
+  params.setInt(tropismAxis, 4);
+  params.setCurve(tropismStrength, CurveParam(-1.0, 1.0, 0.2, 0.2, "id"));
+  params.setBool(tropismFollowGrowth, false);
   return true;
 }
 
@@ -118,25 +118,25 @@ int Tropism::modifierKinds() { return ModifierDeformSpline; }
 
 bool Tropism::deformSpline(ParameterSet& params, Spline& spline, const Matrix4& toWorld) {
   double growth = 1.0;
-  if (params.getBool(IdFollowGrowth)) {
+  if (params.getBool(tropismFollowGrowth)) {
     growth = params.getDouble(IdCarriedGrowth) * params.getDouble(IdGrowthAbove);
   }
-  const CurveParam* strength = params.getCurve(IdStrength);
+  const CurveParam* strength = params.getCurve(tropismStrength);
   if (!strength) {
     messageSink.error("Parameter Retrieval failed!");
     return false;
   }
   if (!(growth > kZero)) return true;  // nothing has grown, so nothing is there to bend
   CurveParamIntegration integration(strength);
-  BaseNode* target = params.getNode(IdTarget);
-  Bend bend{params.getInt(IdMode), {0, 0, 1},    Matrix4(),   nullptr, toWorld,
-            toWorld.inverse(),     1.0 / growth, &integration};
+  BaseNode* target = params.getNode(tropismTarget);
+  Bend bend{params.getInt(tropismMode), {0, 0, 1},    Matrix4(),   nullptr, toWorld,
+            toWorld.inverse(),          1.0 / growth, &integration};
   if (target) {
     target->globalMatrix(bend.target);
     bend.targetSpline = target->spline();
   }
   if (bend.mode == ModeAxis) {
-    bend.direction = bend.target.transformVector(axisDirection(params.getInt(IdAxis)));
+    bend.direction = bend.target.transformVector(axisDirection(params.getInt(tropismAxis)));
   }
   if (bend.mode == ModeAlongTarget && !bend.targetSpline) return true;
   uint32_t first = 0;

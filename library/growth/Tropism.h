@@ -13,11 +13,11 @@ namespace mv {
 class Tropism : public virtual Simple {
  public:
   enum ParameterId : int {
-    IdMode = 1101,          // int: 0 fixed axis, 1 toward the target, 2 along the target spline
-    IdAxis = 7000,          // int: mode 0: +x, -x, +y, -y, +z, -z; another value counts as +z
-    IdStrength = 7001,      // curve: bend strength along the path
-    IdTarget = 7002,        // node: gives a world matrix and, in mode 2, a spline
-    IdFollowGrowth = 7003,  // bool: curve coordinates follow the owner's growth
+    tropismMode = 1101,      // int: 0 fixed axis, 1 toward the target, 2 along the target spline
+    tropismAxis = 7000,      // int: mode 0: +x, -x, +y, -y, +z, -z; another value counts as +z
+    tropismStrength = 7001,  // curve: bend strength along the path
+    tropismTarget = 7002,    // node: gives a world matrix and, in mode 2, a spline
+    tropismFollowGrowth = 7003,  // bool: curve coordinates follow the owner's growth
   };
   enum Mode : int { ModeAxis = 0, ModeTowardTarget = 1, ModeAlongTarget = 2 };
 

@@ -30,12 +30,12 @@ int randomChoice(int index, int seed, int childCount) {
 
 bool Variation::initParameters(ParameterSet& params, double size) {
   Simple::initParameters(params, size);
-  params.setInt(IdMode, ModeRandom);
-  params.setInt(IdSeed, static_cast<int>(MersenneTwister::kDefaultSeed));
-  params.setInt(IdSpecialIndex, 0);
-  params.setInt(IdDistanceMode, 0);
-  params.setDouble(IdDistanceNear, 0.0);
-  params.setDouble(IdDistanceFar, 100.0);
+  params.setInt(variationMode, ModeRandom);
+  params.setInt(variationSeed, static_cast<int>(MersenneTwister::kDefaultSeed));
+  params.setInt(variationIndex, 0);
+  params.setInt(distanceMode, 0);
+  params.setDouble(distanceNear, 0.0);
+  params.setDouble(distanceFar, 100.0);
   return true;
 }
 
@@ -43,13 +43,13 @@ std::string& Variation::typeName(std::string& out) { return out = "Variation"; }
 
 int Variation::selectChild(ParameterSet& params, int childCount) {
   const int index = params.getInt(IdIndex);
-  switch (params.getInt(IdMode)) {
+  switch (params.getInt(variationMode)) {
     case ModeRelative:
       return relativeChoice(index, params.getInt(IdCount), childCount);
     case ModeRandom:
-      return randomChoice(index, params.getInt(IdSeed), childCount);
+      return randomChoice(index, params.getInt(variationSeed), childCount);
     case ModeSpecial:
-      return childCount > 1 && index == params.getInt(IdSpecialIndex) ? 1 : 0;
+      return childCount > 1 && index == params.getInt(variationIndex) ? 1 : 0;
     default:
       return index % childCount;
   }
@@ -57,7 +57,7 @@ int Variation::selectChild(ParameterSet& params, int childCount) {
 
 bool Variation::assignRoles(ParameterSet& params, std::vector<int>& roles, int childCount) {
   if (childCount <= 0) return true;
-  if (params.getNode(IdDistanceReference)) messageSink.debug("Distance Reference found...");
+  if (params.getNode(distanceReference)) messageSink.debug("Distance Reference found...");
   const int selected = selectChild(params, childCount);
   for (int i = 0; i < childCount; ++i) roles.push_back(i == selected ? RoleOther : RoleUnused);
   return true;

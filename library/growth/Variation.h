@@ -12,13 +12,13 @@ namespace mv {
 class Variation : public virtual Simple {
  public:
   enum ParameterId : int {
-    IdMode = 1000,               // int: 0 by index, 1 by relative index, 2 random, 3 special index
-    IdSeed = 1001,               // int: seed of mode 2
-    IdSpecialIndex = 1002,       // int: the special index of mode 3
-    IdDistanceMode = 9003,       // int: stored; no effect on the choice
-    IdDistanceNear = 9004,       // double: stored; no effect
-    IdDistanceFar = 9005,        // double: stored; no effect
-    IdDistanceReference = 9006,  // node: when linked, a debug message says so
+    variationMode = 1000,      // int: 0 by index, 1 by relative index, 2 random, 3 special index
+    variationSeed = 1001,      // int: seed of mode 2
+    variationIndex = 1002,     // int: the special index of mode 3
+    distanceMode = 9003,       // int: stored; no effect on the choice
+    distanceNear = 9004,       // double: stored; no effect
+    distanceFar = 9005,        // double: stored; no effect
+    distanceReference = 9006,  // node: when linked, a debug message says so
   };
   enum Mode : int { ModeIndex = 0, ModeRelative = 1, ModeRandom = 2, ModeSpecial = 3 };
 

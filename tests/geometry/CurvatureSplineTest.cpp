@@ -55,7 +55,7 @@ TEST(CurvatureSpline, defaultCurvesWalkAStraightLineAlongZ) {
 TEST(CurvatureSpline, constantTurnAboutXWalksACircleArc) {
   Walk walk;
   const double turn = 1.5, steps = 20, a = 1.0 / (steps + 1), d = 5.0 / steps;
-  walk.constant(CurvatureSpline::IdRotateX, turn);
+  walk.constant(CurvatureSpline::curv_rota_x, turn);
   ASSERT_TRUE(walk.compute());
   // Chords of length d, each turned by turn * a: a regular polygon in the y-z plane.
   const double radius = d / (2 * std::sin(turn * a / 2));
@@ -72,9 +72,9 @@ TEST(CurvatureSpline, constantTurnAboutXWalksACircleArc) {
 
 TEST(CurvatureSpline, turnAndRollTogetherWalkAHelix) {
   Walk walk;
-  walk.constant(CurvatureSpline::IdRotateX, 2.0);
-  walk.constant(CurvatureSpline::IdRotateZ, 1.0);
-  walk.params.setDouble(CurvatureSpline::IdSteps, 60);
+  walk.constant(CurvatureSpline::curv_rota_x, 2.0);
+  walk.constant(CurvatureSpline::curv_rota_z, 1.0);
+  walk.params.setDouble(CurvatureSpline::curvSteps, 60);
   ASSERT_TRUE(walk.compute());
   // Every step is the same rigid motion, so the points lie on a helix about that motion's axis.
   const mv::Matrix4 step = walk.spline.frames()[1].matrix;
@@ -95,8 +95,8 @@ TEST(CurvatureSpline, turnAndRollTogetherWalkAHelix) {
 
 TEST(CurvatureSpline, fractionalStepsShortenTheLastStep) {
   Walk walk;
-  walk.params.setDouble(CurvatureSpline::IdSteps, 2.5);
-  walk.constant(CurvatureSpline::IdRotateX, 1.0);
+  walk.params.setDouble(CurvatureSpline::curvSteps, 2.5);
+  walk.constant(CurvatureSpline::curv_rota_x, 1.0);
   ASSERT_TRUE(walk.compute());
   ASSERT_EQ(walk.spline.getPointCount(), 4u);
   const double ts[] = {0.0, 0.4, 0.8, 1.0};
@@ -108,7 +108,7 @@ TEST(CurvatureSpline, fractionalStepsShortenTheLastStep) {
   EXPECT_NEAR(std::acos(f[2].matrix.row(2).dot(f[3].matrix.row(2))), std::sin(M_PI / 4) / 3.5,
               1e-12);
 
-  walk.params.setBool(CurvatureSpline::IdFractional, false);
+  walk.params.setBool(CurvatureSpline::curvFractional, false);
   ASSERT_TRUE(walk.compute());
   ASSERT_EQ(walk.spline.getPointCount(), 3u);
   EXPECT_DOUBLE_EQ(walk.spline.frames()[1].t, 0.5);
@@ -117,7 +117,7 @@ TEST(CurvatureSpline, fractionalStepsShortenTheLastStep) {
 
 TEST(CurvatureSpline, angleFrameIsStoredAtAFrameAndBlendedBetween) {
   Walk walk;
-  walk.constant(CurvatureSpline::IdRotateY, 2.0);
+  walk.constant(CurvatureSpline::curv_rota_y, 2.0);
   ASSERT_TRUE(walk.compute());
   const auto& f = walk.spline.frames();
   mv::Matrix4 frame;
@@ -155,7 +155,7 @@ TEST(CurvatureSpline, refusesEditingFromOutside) {
 
 TEST(CurvatureSpline, placesRoleOneAtEveryFrame) {
   Walk walk;
-  walk.params.setDouble(CurvatureSpline::IdSteps, 4);
+  walk.params.setDouble(CurvatureSpline::curvSteps, 4);
   mv::PlacementList placements;
   EXPECT_EQ(walk.spline.placeChildren(walk.params, mv::RoleNodes, placements, 1.0), 0);
   EXPECT_TRUE(placements.empty());
@@ -176,10 +176,10 @@ TEST(CurvatureSpline, badInputKeepsTheFramesAndSaysWhy) {
   CapturingMessageHandler messages;
   Walk walk;
   ASSERT_TRUE(walk.compute());
-  walk.params.curves.erase(CurvatureSpline::IdRotateY);
+  walk.params.curves.erase(CurvatureSpline::curv_rota_y);
   EXPECT_FALSE(walk.compute());
   walk.spline.initParameters(walk.params, 1.0);
-  walk.params.curves.erase(CurvatureSpline::IdMoveZ);
+  walk.params.curves.erase(CurvatureSpline::curv_tran_z);
   EXPECT_FALSE(walk.compute());
   ASSERT_EQ(messages.errors.size(), 2u);
   EXPECT_EQ(messages.errors[0], "Parameter Retrieval failed!CurvatureSpline::curv_rota_x,y,z");
@@ -187,22 +187,22 @@ TEST(CurvatureSpline, badInputKeepsTheFramesAndSaysWhy) {
   EXPECT_EQ(walk.spline.getPointCount(), 21u);
 
   walk.spline.initParameters(walk.params, 1.0);
-  walk.params.setDouble(CurvatureSpline::IdSteps, NAN);
+  walk.params.setDouble(CurvatureSpline::curvSteps, NAN);
   EXPECT_FALSE(walk.compute());
-  walk.params.setDouble(CurvatureSpline::IdSteps, 1e12);
+  walk.params.setDouble(CurvatureSpline::curvSteps, 1e12);
   EXPECT_FALSE(walk.compute());
   EXPECT_EQ(walk.spline.getPointCount(), 21u);
 
   // No steps: the walk stands at its start; negative steps: no frame at all.
-  walk.params.setDouble(CurvatureSpline::IdSteps, 0.0);
+  walk.params.setDouble(CurvatureSpline::curvSteps, 0.0);
   ASSERT_TRUE(walk.compute());
   ASSERT_EQ(walk.spline.getPointCount(), 1u);
   EXPECT_EQ(walk.spline.frames()[0].matrix, mv::Matrix4());
   EXPECT_EQ(walk.spline.frames()[0].t, 0.0);
-  walk.params.setBool(CurvatureSpline::IdFractional, false);
+  walk.params.setBool(CurvatureSpline::curvFractional, false);
   ASSERT_TRUE(walk.compute());
   EXPECT_EQ(walk.spline.getPointCount(), 1u);
-  walk.params.setDouble(CurvatureSpline::IdSteps, -3.0);
+  walk.params.setDouble(CurvatureSpline::curvSteps, -3.0);
   ASSERT_TRUE(walk.compute());
   EXPECT_EQ(walk.spline.getPointCount(), 0u);
 }

@@ -18,10 +18,10 @@ using mv::Deviation;
 struct DeviationCase {
   explicit DeviationCase(double nodeNumber, double screw = 0.0, double angle = M_PI / 4) {
     deviation.initParameters(params, 100.0);
-    params.setDouble(Deviation::IdOwnerNodeNumber, nodeNumber);
-    params.setCurve(Deviation::IdOwnerNodeDistribution, mv::CurveParam(0, 1, 1.0, 1.0, "id"));
-    params.setCurve(Deviation::IdOwnerNodeScrew, mv::CurveParam(0, 7, screw, screw, "id"));
-    params.setCurve(Deviation::IdAngle, mv::CurveParam(0, 4, angle, angle, "id"));
+    params.setDouble(Deviation::ownerNodeNumber, nodeNumber);
+    params.setCurve(Deviation::ownerNodeDistribution, mv::CurveParam(0, 1, 1.0, 1.0, "id"));
+    params.setCurve(Deviation::ownerNodeScrew, mv::CurveParam(0, 7, screw, screw, "id"));
+    params.setCurve(Deviation::deviationAngle, mv::CurveParam(0, 4, angle, angle, "id"));
   }
   bool deform(mv::Spline& spline) { return deviation.deformSpline(params, spline, mv::Matrix4()); }
 
@@ -122,7 +122,7 @@ TEST(Deviation, withoutKinksOrNodesThePathStays) {
     expectUnchanged(path, original);
   }
   DeviationCase flat(2.0);  // a distribution of no area places no node
-  flat.params.setCurve(Deviation::IdOwnerNodeDistribution, mv::CurveParam());
+  flat.params.setCurve(Deviation::ownerNodeDistribution, mv::CurveParam());
   path = original;
   ASSERT_TRUE(flat.deform(path));
   expectUnchanged(path, original);
@@ -139,7 +139,7 @@ TEST(Deviation, withoutAnOwningBranchNothingHappensSilently) {
   expectUnchanged(path, original);
 
   DeviationCase noScrew(2.0);
-  noScrew.params.curves.erase(Deviation::IdOwnerNodeScrew);
+  noScrew.params.curves.erase(Deviation::ownerNodeScrew);
   EXPECT_TRUE(noScrew.deform(path));
   expectUnchanged(path, original);
   EXPECT_TRUE(messages.errors.empty());

@@ -67,11 +67,11 @@ TEST(Hydra, ringSpacesElementsEquallyAtTheRadiusPointingOutward) {
 
 TEST(Hydra, tiltLeansEachElementOutOfTheRingInPlace) {
   HydraCase c;
-  c.constant(Hydra::IdTilt, 0.3);
-  c.constant(Hydra::IdScale, 2.0);
+  c.constant(Hydra::hydraTilt, 0.3);
+  c.constant(Hydra::scale, 2.0);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   const mv::Matrix4 unspun = c.element(3).matrix;
-  c.constant(Hydra::IdSpin, 0.7);
+  c.constant(Hydra::hydraSpin, 0.7);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   for (int i = 0; i < 8; ++i) {
     const mv::Matrix4& m = c.element(i).matrix;
@@ -91,9 +91,9 @@ TEST(Hydra, tiltLeansEachElementOutOfTheRingInPlace) {
 
 TEST(Hydra, starUsesSweepAndTiltAsPolarAngles) {
   HydraCase c;
-  c.params.setInt(Hydra::IdMode, Hydra::ModeStar);
-  c.constant(Hydra::IdTilt, 0.4);
-  c.params.setDouble(Hydra::IdNumber, 4);
+  c.params.setInt(Hydra::hydraMode, Hydra::ModeStar);
+  c.constant(Hydra::hydraTilt, 0.4);
+  c.params.setDouble(Hydra::number, 4);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   for (int i = 0; i < 4; ++i) {
     const double sweep = -M_PI + 2 * M_PI * i / 4, tilt = 0.4;
@@ -106,7 +106,7 @@ TEST(Hydra, starUsesSweepAndTiltAsPolarAngles) {
 
 TEST(Hydra, fractionalNumberAddsAShrinkingLastElement) {
   HydraCase c;
-  c.params.setDouble(Hydra::IdNumber, 2.5);
+  c.params.setDouble(Hydra::number, 2.5);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   ASSERT_EQ(c.placements[0].placements.size(), 3u);
   const double along[] = {0.0, 0.4, 0.8};
@@ -119,7 +119,7 @@ TEST(Hydra, fractionalNumberAddsAShrinkingLastElement) {
     EXPECT_NEAR(c.element(i).matrix.row(0).length(), i == 2 ? 0.5 : 1.0, 1e-12);
   }
 
-  c.params.setBool(Hydra::IdNumberFractional, false);
+  c.params.setBool(Hydra::numberFractional, false);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   ASSERT_EQ(c.placements[0].placements.size(), 2u);
   expectNear(c.element(1).matrix.position(), {0, 0, 50}, 1e-12);  // sweep at 1 / 2: 0
@@ -128,7 +128,7 @@ TEST(Hydra, fractionalNumberAddsAShrinkingLastElement) {
 
 TEST(Hydra, singleElementStandsAtTheSweepStart) {
   HydraCase c;
-  c.params.setDouble(Hydra::IdNumber, 1);
+  c.params.setDouble(Hydra::number, 1);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   ASSERT_EQ(c.placements[0].placements.size(), 1u);
   expectNear(c.element(0).matrix.position(), {0, 0, -50}, 1e-12);
@@ -137,11 +137,11 @@ TEST(Hydra, singleElementStandsAtTheSweepStart) {
 TEST(Hydra, growthCurveScalesTheInheritedGrowthOverTheSequence) {
   HydraCase c;
   c.params.carriedGrowth = 0.5;
-  c.params.setDouble(Hydra::IdNumber, 5);
-  c.params.setCurve(Hydra::IdNodeGrowth, mv::CurveParam(0, 1, 0.0, 1.0, "id"));
+  c.params.setDouble(Hydra::number, 5);
+  c.params.setCurve(Hydra::nodeGrowth, mv::CurveParam(0, 1, 0.0, 1.0, "id"));
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   for (int i = 0; i < 5; ++i) EXPECT_DOUBLE_EQ(c.element(i).carriedGrowth, 0.5);
-  c.params.setBool(Hydra::IdNodeGrowthCurved, true);
+  c.params.setBool(Hydra::nodeGrowthCurved, true);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   for (int i = 0; i < 5; ++i) EXPECT_DOUBLE_EQ(c.element(i).carriedGrowth, 0.5 * i / 4);
 }
@@ -152,19 +152,19 @@ TEST(Hydra, placesNothingWithoutElementsOrRole) {
   EXPECT_EQ(c.evaluate(mv::RoleOther), 0);
   EXPECT_TRUE(c.placements.empty());
   for (double number : {0.0, -2.0, std::nan("")}) {
-    c.params.setDouble(Hydra::IdNumber, number);
+    c.params.setDouble(Hydra::number, number);
     EXPECT_EQ(c.evaluate(), 0);
     EXPECT_TRUE(c.placements.empty());
   }
   EXPECT_TRUE(messages.errors.empty());
   // Below one whole element without the fraction: an empty group, still reported as placed.
-  c.params.setDouble(Hydra::IdNumber, 0.5);
-  c.params.setBool(Hydra::IdNumberFractional, false);
+  c.params.setDouble(Hydra::number, 0.5);
+  c.params.setBool(Hydra::numberFractional, false);
   ASSERT_EQ(c.evaluate(), mv::RoleNodes);
   ASSERT_EQ(c.placements.size(), 1u);
   EXPECT_TRUE(c.placements[0].placements.empty());
 
-  c.params.setDouble(Hydra::IdNumber, 1e12);
+  c.params.setDouble(Hydra::number, 1e12);
   EXPECT_EQ(c.evaluate(), 0);
   EXPECT_EQ(messages.errors.size(), 1u);
 }
@@ -172,7 +172,7 @@ TEST(Hydra, placesNothingWithoutElementsOrRole) {
 TEST(Hydra, missingCurveIsReportedBeforeTheRoleTest) {
   CapturingMessageHandler messages;
   HydraCase c;
-  c.params.curves.erase(Hydra::IdSpin);
+  c.params.curves.erase(Hydra::hydraSpin);
   EXPECT_EQ(c.evaluate(mv::RoleOther), 0);
   ASSERT_EQ(messages.errors.size(), 1u);
   EXPECT_EQ(messages.errors[0], "Parameter Retrieval failed!");

@@ -16,7 +16,7 @@ using mv::Tropism;
 struct TropismCase {
   TropismCase() { tropism.initParameters(params, 100.0); }
   void strength(double start, double end) {
-    params.setCurve(Tropism::IdStrength, mv::CurveParam(-10, 10, start, end, "id"));
+    params.setCurve(Tropism::tropismStrength, mv::CurveParam(-10, 10, start, end, "id"));
   }
   bool deform(mv::SplineData& spline, const mv::Matrix4& toWorld = mv::Matrix4()) {
     return tropism.deformSpline(params, spline, toWorld);
@@ -91,7 +91,7 @@ TEST(Tropism, strengthSignAndNothingAtZero) {
 
   // Axis 0 is +x, along the path: nothing to turn toward.
   t.strength(0.5, 0.5);
-  t.params.setInt(Tropism::IdAxis, 0);
+  t.params.setInt(Tropism::tropismAxis, 0);
   mv::SplineData along = straightPath(20);
   ASSERT_TRUE(t.deform(along));
   expectNear(along.points.back().position, {1, 0, 0}, 1e-12);
@@ -102,7 +102,7 @@ TEST(Tropism, directionComesFromTargetOrSpace) {
   TropismCase t;
   t.strength(0.5, 0.5);
   StubNode turned(mv::Matrix4::rotationX(-M_PI / 2));  // carries +z to +y
-  t.params.setNode(Tropism::IdTarget, &turned);
+  t.params.setNode(Tropism::tropismTarget, &turned);
   mv::SplineData path = straightPath(30);
   ASSERT_TRUE(t.deform(path));
   EXPECT_GT(path.points.back().position.y, 0.1);
@@ -119,9 +119,9 @@ TEST(Tropism, directionComesFromTargetOrSpace) {
 TEST(Tropism, towardTargetBendsToItsPosition) {
   TropismCase t;
   t.strength(2.0, 2.0);
-  t.params.setInt(Tropism::IdMode, Tropism::ModeTowardTarget);
+  t.params.setInt(Tropism::tropismMode, Tropism::ModeTowardTarget);
   StubNode target(mv::Matrix4::translation({1, -1, 0}));
-  t.params.setNode(Tropism::IdTarget, &target);
+  t.params.setNode(Tropism::tropismTarget, &target);
   mv::SplineData path = straightPath(50);
   ASSERT_TRUE(t.deform(path));
   EXPECT_LT(path.points.back().position.y, -0.1);
@@ -130,7 +130,7 @@ TEST(Tropism, towardTargetBendsToItsPosition) {
   // Without a target the world's origin pulls: a path starting away from it curls back.
   TropismCase origin;
   origin.strength(2.0, 2.0);
-  origin.params.setInt(Tropism::IdMode, Tropism::ModeTowardTarget);
+  origin.params.setInt(Tropism::tropismMode, Tropism::ModeTowardTarget);
   mv::SplineData away;
   appendSegment(away, linePoints(50, {0, 1, 0}, {1, 1, 0}));
   ASSERT_TRUE(origin.deform(away));
@@ -140,12 +140,12 @@ TEST(Tropism, towardTargetBendsToItsPosition) {
 TEST(Tropism, alongTargetFollowsTheTargetSplinesTangent) {
   TropismCase t;
   t.strength(1.0, 1.0);
-  t.params.setInt(Tropism::IdMode, Tropism::ModeAlongTarget);
+  t.params.setInt(Tropism::tropismMode, Tropism::ModeAlongTarget);
   mv::SplineData path = straightPath(20);
   const mv::SplineData original = path;
   ASSERT_TRUE(t.deform(path));  // no target: nothing moves
   StubNode notASpline;
-  t.params.setNode(Tropism::IdTarget, &notASpline);
+  t.params.setNode(Tropism::tropismTarget, &notASpline);
   ASSERT_TRUE(t.deform(path));
   for (size_t i = 0; i < path.points.size(); ++i) {
     EXPECT_EQ(path.points[i].position, original.points[i].position);
@@ -153,7 +153,7 @@ TEST(Tropism, alongTargetFollowsTheTargetSplinesTangent) {
   mv::SplineData guide;
   appendSegment(guide, linePoints(5, {0, 2, 0}, {0, 2, -3}));  // runs along -z
   StubNode guideNode(mv::Matrix4(), &guide);
-  t.params.setNode(Tropism::IdTarget, &guideNode);
+  t.params.setNode(Tropism::tropismTarget, &guideNode);
   ASSERT_TRUE(t.deform(path));
   EXPECT_LT(path.points.back().position.z, -0.2);
 }
@@ -177,7 +177,7 @@ TEST(Tropism, segmentsBendOnTheirOwnAndShortOnesAreSkipped) {
 TEST(Tropism, followingGrowthStretchesTheCurveOverTheGrownPart) {
   TropismCase t;
   t.strength(1.0, 1.0);
-  t.params.setBool(Tropism::IdFollowGrowth, true);
+  t.params.setBool(Tropism::tropismFollowGrowth, true);
   t.params.carriedGrowth = 0.5;
   t.params.setDouble(mv::IdGrowthAbove, 1.0);
   mv::SplineData path = straightPath(21);
@@ -196,7 +196,7 @@ TEST(Tropism, followingGrowthStretchesTheCurveOverTheGrownPart) {
 TEST(Tropism, badInputLeavesThePathAlone) {
   CapturingMessageHandler messages;
   TropismCase t;
-  t.params.curves.erase(Tropism::IdStrength);
+  t.params.curves.erase(Tropism::tropismStrength);
   mv::SplineData path = straightPath(5);
   EXPECT_FALSE(t.deform(path));
   ASSERT_EQ(messages.errors.size(), 1u);

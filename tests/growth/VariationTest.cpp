@@ -40,7 +40,7 @@ int selected(const std::vector<int>& roles) {
 mv::ParameterSetData withMode(int mode) {
   mv::ParameterSetData params;
   Variation().initParameters(params, 100.0);
-  params.setInt(Variation::IdMode, mode);
+  params.setInt(Variation::variationMode, mode);
   return params;
 }
 
@@ -52,7 +52,7 @@ TEST(Variation, byIndexWrapsRoundTheChildren) {
   EXPECT_EQ(selected(rolesFor(params, 5, 9, 3)), 2);
   EXPECT_EQ(selected(rolesFor(params, 3, 9, 3)), 0);
   EXPECT_EQ(selected(rolesFor(params, -1, 9, 3)), -1);  // a negative index selects nobody
-  params.setInt(Variation::IdMode, 7);                  // unknown modes count by index
+  params.setInt(Variation::variationMode, 7);           // unknown modes count by index
   EXPECT_EQ(selected(rolesFor(params, 4, 9, 3)), 1);
 }
 
@@ -68,7 +68,7 @@ TEST(Variation, byRelativeIndexSpreadsTheRunOverTheChildren) {
 
 TEST(Variation, randomTakesTheDrawOfTheIndexFromAFreshSequence) {
   mv::ParameterSetData params = withMode(Variation::ModeRandom);
-  params.setInt(Variation::IdSeed, 99);
+  params.setInt(Variation::variationSeed, 99);
   mv::MersenneTwister sequence(99);
   for (int index = 0; index < 50; ++index) {
     const int expected = static_cast<int>(sequence.next() * 5);
@@ -85,7 +85,7 @@ TEST(Variation, randomTakesTheDrawOfTheIndexFromAFreshSequence) {
 
 TEST(Variation, specialIndexTakesTheSecondChild) {
   mv::ParameterSetData params = withMode(Variation::ModeSpecial);
-  params.setInt(Variation::IdSpecialIndex, 4);
+  params.setInt(Variation::variationIndex, 4);
   EXPECT_EQ(selected(rolesFor(params, 4, 9, 3)), 1);
   EXPECT_EQ(selected(rolesFor(params, 5, 9, 3)), 0);
   EXPECT_EQ(selected(rolesFor(params, 4, 9, 1)), 0);  // one child is always chosen
@@ -98,7 +98,7 @@ TEST(Variation, noChildrenGiveNoRolesAndADistanceReferenceIsMentioned) {
   EXPECT_TRUE(rolesFor(params, 0, 1, 0).empty());
   EXPECT_TRUE(messages.debugs.empty());
   StubNode reference;
-  params.setNode(Variation::IdDistanceReference, &reference);
+  params.setNode(Variation::distanceReference, &reference);
   rolesFor(params, 0, 1, 2);
   ASSERT_EQ(messages.debugs.size(), 1u);
   EXPECT_EQ(messages.debugs[0], "Distance Reference found...");
