@@ -4,6 +4,8 @@
 //   geometry  meshes, the geometry stream, polygon output and triangulation, splines
 //   growth    the growth nodes: Branch, Phyllotaxis, Hydra, Variation, the spline modifiers
 //             Tropism and Deviation, and running a node without a host
+//   classic   scene graph, classic nodes and the solid primitives
+//   scene     scene files: chunk format, vocabulary, scene load, loader to the classic graph
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -74,3 +76,48 @@
 #include "SplineNode.h"
 #include "Tropism.h"
 #include "Variation.h"
+
+// classic
+#include "AttractorPrim.h"
+#include "Box.h"
+#include "ClassicNodeParameters.h"
+#include "ClassicSimple.h"
+#include "ClassicSpline.h"
+#include "Disk.h"
+#include "GridPatch.h"
+#include "Material.h"
+#include "Node.h"
+#include "PhotoTurn.h"
+#include "Plane.h"
+#include "QuarterTurn.h"
+#include "SceneGraph.h"
+#include "SelectionMesh.h"
+#include "Solid.h"
+#include "SolidCone.h"
+#include "SolidCylinder.h"
+#include "SolidParameters.h"
+#include "Sphere.h"
+
+// scene
+#include "Chunk.h"
+#include "ClassicKinds.h"
+#include "MvrCall.h"
+#include "MvrColor.h"
+#include "MvrComponent.h"
+#include "MvrCurveConversion.h"
+#include "MvrHeader.h"
+#include "MvrHornRecord.h"
+#include "MvrKeyFrame.h"
+#include "MvrLimitedTriple.h"
+#include "MvrLoader.h"
+#include "MvrMaterial.h"
+#include "MvrPrimitive.h"
+#include "MvrRange.h"
+#include "MvrReader.h"
+#include "MvrRecordingLoader.h"
+#include "MvrSceneLoader.h"
+#include "MvrTransform.h"
+#include "MvrTreeRecord.h"
+#include "MvrTriple.h"
+#include "MvrTypeData.h"
+#include "MvrValue.h"

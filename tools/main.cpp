@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   CommandResult result;
   addCurveCommand(app, result);
+  addInfoCommand(app, result);
 
   try {
     app.parse(argc, argv);

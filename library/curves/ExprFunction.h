@@ -43,8 +43,7 @@ class ExprFuncSin : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::sin(a);
+    return std::sin(argument(variables));
   }
   void name(std::string& out) const override { out += "sin"; }
 };
@@ -53,8 +52,7 @@ class ExprFuncCos : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::cos(a);
+    return std::cos(argument(variables));
   }
   void name(std::string& out) const override { out += "cos"; }
 };
@@ -63,8 +61,7 @@ class ExprFuncTan : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::tan(a);
+    return std::tan(argument(variables));
   }
   void name(std::string& out) const override { out += "tan"; }
 };
@@ -73,8 +70,7 @@ class ExprFuncAsin : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::asin(a);
+    return std::asin(argument(variables));
   }
   void name(std::string& out) const override { out += "asin"; }
 };
@@ -83,8 +79,7 @@ class ExprFuncAcos : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::acos(a);
+    return std::acos(argument(variables));
   }
   void name(std::string& out) const override { out += "acos"; }
 };
@@ -93,8 +88,7 @@ class ExprFuncAtan : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::atan(a);
+    return std::atan(argument(variables));
   }
   void name(std::string& out) const override { out += "atan"; }
 };
@@ -103,8 +97,7 @@ class ExprFuncSinh : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::sinh(a);
+    return std::sinh(argument(variables));
   }
   void name(std::string& out) const override { out += "sinh"; }
 };
@@ -113,8 +106,7 @@ class ExprFuncCosh : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::cosh(a);
+    return std::cosh(argument(variables));
   }
   void name(std::string& out) const override { out += "cosh"; }
 };
@@ -123,8 +115,7 @@ class ExprFuncTanh : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::tanh(a);
+    return std::tanh(argument(variables));
   }
   void name(std::string& out) const override { out += "tanh"; }
 };
@@ -133,8 +124,7 @@ class ExprFuncExp : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::exp(a);
+    return std::exp(argument(variables));
   }
   void name(std::string& out) const override { out += "exp"; }
 };
@@ -143,8 +133,7 @@ class ExprFuncLog : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::log(a);
+    return std::log(argument(variables));
   }
   void name(std::string& out) const override { out += "log"; }
 };
@@ -163,8 +152,7 @@ class ExprFuncSqrt : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::sqrt(a);
+    return std::sqrt(argument(variables));
   }
   void name(std::string& out) const override { out += "sqrt"; }
 };
@@ -173,8 +161,7 @@ class ExprFuncCeil : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::ceil(a);
+    return std::ceil(argument(variables));
   }
   void name(std::string& out) const override { out += "ceil"; }
 };
@@ -183,8 +170,7 @@ class ExprFuncFloor : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::floor(a);
+    return std::floor(argument(variables));
   }
   void name(std::string& out) const override { out += "floor"; }
 };
@@ -200,8 +186,7 @@ class ExprFuncAbs : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return std::fabs(a);
+    return std::fabs(argument(variables));
   }
   void name(std::string& out) const override { out += "abs"; }
 };
@@ -217,8 +202,7 @@ class ExprFuncPhi : public ExprFunction {
  public:
   using ExprFunction::ExprFunction;
   double evaluate(const VariableScope& variables) const override {
-    const double a = argument(variables);
-    return a * 3.23606797749979 * 0.5;
+    return argument(variables) * 3.23606797749979 * 0.5;
   }
   void name(std::string& out) const override { out += "phi"; }
 };

@@ -17,12 +17,11 @@ class VariableScope {
 
   // Binds name to value, replacing an earlier binding; false when kMaxBound letters are bound.
   bool bind(char name, double value) {
-    for (int i = 0; i < boundCount_; ++i) {
-      if (names_[i] == name) return values_[i] = value, true;
-    }
-    if (boundCount_ == kMaxBound) return false;
-    names_[boundCount_] = name;
-    values_[boundCount_++] = value;
+    int slot = 0;
+    while (slot < boundCount_ && names_[slot] != name) ++slot;
+    if (slot == kMaxBound) return false;
+    if (slot == boundCount_) names_[boundCount_++] = name;
+    values_[slot] = value;
     return true;
   }
 

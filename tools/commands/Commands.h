@@ -11,3 +11,4 @@ struct CommandResult {
 
 // morvo curve: prints a curve's values as CSV.
 void addCurveCommand(CLI::App& app, CommandResult& result);
+void addInfoCommand(CLI::App& app, CommandResult& result);
