@@ -78,6 +78,7 @@
 #include "Variation.h"
 
 // classic
+#include "Attractor.h"
 #include "AttractorPrim.h"
 #include "Box.h"
 #include "ClassicNodeParameters.h"

@@ -2,6 +2,8 @@
 
 #include <map>
 
+#include "Attractor.h"
+
 namespace mv {
 
 namespace {
@@ -10,7 +12,9 @@ namespace {
 //   {"ClassicTree", {[] { return new ClassicTree(); }, pathSetter<ClassicTree>(), {}}},
 // The classes of the later classic and growth nodes are added here as they are built.
 const std::map<std::string, ClassicKind>& table() {
-  static const std::map<std::string, ClassicKind> kinds = {};
+  static const std::map<std::string, ClassicKind> kinds = {
+      {"Attractor", {[] { return new Attractor(); }, {}, {}}},
+  };
   return kinds;
 }
 
