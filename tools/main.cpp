@@ -23,6 +23,8 @@ int main(int argc, char** argv) {
   CommandResult result;
   addCurveCommand(app, result);
   addInfoCommand(app, result);
+  addPrimitivesCommand(app, result);
+  addDemoCommand(app, result);
 
   try {
     app.parse(argc, argv);

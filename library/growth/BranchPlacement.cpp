@@ -167,10 +167,11 @@ bool settleRing(const Placement& prev, const Matrix4& frame, double x, uint32_t 
 // Walks the segment's points with carried frames, one ring each, and finds seg.end.
 std::vector<Placement> walkBody(const BranchInputs& in, GrownSegment& seg) {
   std::vector<Placement> body;
+  const uint32_t n = seg.pointCount;
+  if (n == 0) return body;  // its start would be the next segment's first point
   Placement prev;
   double t = 0.0;
   in.path->getPointAngleFrame(seg.start, t, prev.matrix);
-  const uint32_t n = seg.pointCount;
   const uint32_t limit = seg.truncated && seg.closed ? n + 1 : n;
   for (uint32_t i = 0; i < limit; ++i) {
     Matrix4 frame;

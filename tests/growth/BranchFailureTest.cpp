@@ -108,6 +108,11 @@ TEST(BranchFailure, degeneratePathsAndProfilesStayFinite) {
   GrowthRun run = single.run(kAllRoles);
   EXPECT_TRUE(allFinite(run));
   EXPECT_TRUE(run.mesh.polygons.empty());  // one ring spans no face
+  single.params.setBool(Branch::capStart, true);
+  single.params.setBool(Branch::capEnd, true);
+  run = single.run(kAllRoles);  // both caps stand at the one ring, back to back
+  EXPECT_EQ(run.mesh.selections["C1"].size(), 4u);
+  EXPECT_EQ(run.mesh.selections["C2"].size(), 4u);
 
   DefaultScene zero;
   zero.path = mv::PolylineSpline();
@@ -115,6 +120,15 @@ TEST(BranchFailure, degeneratePathsAndProfilesStayFinite) {
   run = zero.run(kAllRoles);
   EXPECT_TRUE(allFinite(run));
   EXPECT_EQ(run.only(mv::RoleNodes).size(), 10u);
+
+  DefaultScene hollow;  // a closed segment without points ahead of a real one
+  hollow.path = mv::PolylineSpline();
+  hollow.path.segments.push_back({0, true});
+  makeLine(hollow.path, 3, {0, 0, 0}, {0, 0, 2});
+  hollow.params.setDouble(Branch::pathGrowth, 0.4);  // it alone grows, and not to the end
+  run = hollow.run(kAllRoles);
+  EXPECT_TRUE(run.groups(mv::RoleProfile).empty());  // no ring borrowed from the next segment
+  EXPECT_TRUE(allFinite(run));
 
   DefaultScene point;
   point.profile = mv::PolylineSpline();

@@ -9,6 +9,7 @@
 #include "ChildRole.h"
 #include "GeometryExpectations.h"
 #include "GrowthScene.h"
+#include "MersenneTwister.h"
 
 using mv::Branch;
 using mv::CurveParam;
@@ -225,4 +226,39 @@ TEST(BranchNodes, arrangementPresetsSetFlapScrewWhorlAndMode) {
     EXPECT_EQ(scene.params.getInt(Branch::nodeMode), preset >= 5 ? 1 : 0);
   }
   EXPECT_FALSE(Branch::applyNodeArrangement(scene.params, 7));
+}
+
+TEST(BranchNodes, curvesAreReadInTheirFixedOrder) {
+  // Every curve draws from the shared generator, so what each node got tells the order of reads:
+  // per node scale, thickness, growth, density; then per node screw, angle, flap.
+  NodeScene scene(2);
+  for (int id : {Branch::nodeScale, Branch::thickness, Branch::nodeGrowth, Branch::nodeDensity,
+                 Branch::nodeScrew, Branch::nodeAngle, Branch::nodeFlap}) {
+    CurveParam curve = linear(0, 0);
+    ASSERT_TRUE(curve.setExpression("rnd(1)"));
+    scene.params.setCurve(id, curve);
+  }
+  mt::MersenneTwister::shared().seed(99);
+  mv::PlacementList list;
+  ASSERT_EQ(scene.node.computePlacements(scene.params, mv::RoleNodes, list, 1.0), mv::RoleNodes);
+  mt::MersenneTwister replay(99);
+  std::vector<double> draws;
+  for (int i = 0; i < 14; ++i) draws.push_back(2.0 * replay.next() - 1.0);
+  ASSERT_EQ(list.size(), 1u);
+  const auto& nodes = list[0].placements;
+  ASSERT_EQ(nodes.size(), 2u);
+  double screw = kPi;
+  for (int k = 0; k < 2; ++k) {
+    const double* read = &draws[4 * k];
+    EXPECT_EQ(nodes[k].carriedThickness, read[1]);
+    EXPECT_EQ(nodes[k].carriedGrowth, read[2]);
+    EXPECT_EQ(nodes[k].carriedDensity, read[3]);
+    const double* turn = &draws[8 + 3 * k];
+    screw += turn[0];
+    const double a = -turn[1], s = read[0];
+    expectNear(
+        nodes[k].matrix.row(2),
+        Vector3(-std::sin(a) * std::sin(screw), -std::sin(a) * std::cos(screw), std::cos(a)) * s,
+        1e-12);
+  }
 }

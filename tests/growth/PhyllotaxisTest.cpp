@@ -247,3 +247,19 @@ TEST(PhyllotaxisIntegration, tableKeepsTheFirstOfEqualParametersAndSeeksInside) 
   EXPECT_NEAR(y, 4 * kPi, 1e-12);
   EXPECT_EQ(mv::PhyllotaxisIntegration(nullptr).integrate(0, 1), 0.0);
 }
+
+TEST(Phyllotaxis, rolesNameAndSurfaceFlag) {
+  HeadScene scene(5);
+  std::string name;
+  EXPECT_EQ(scene.node.typeName(name), "Phyllotaxis");
+  std::vector<int> roles;
+  EXPECT_TRUE(scene.node.assignRoles(scene.params, roles, 4));
+  EXPECT_EQ(roles, (std::vector<int>{2, 4, 16, 16}));
+  EXPECT_FALSE(scene.node.hasGeometry(scene.params));
+  scene.params.setBool(Phyllotaxis::showSurface, true);
+  EXPECT_TRUE(scene.node.hasGeometry(scene.params));
+  scene.disc();
+  const GrowthRun run = scene.run(kWithElements);
+  EXPECT_TRUE(run.mesh.points.empty());  // claims a surface, writes none
+  EXPECT_EQ(run.only(mv::RoleNodes).size(), 5u);
+}

@@ -18,6 +18,12 @@ void expectSoundMesh(const mv::MeshData& mesh) {
   EXPECT_EQ(mesh.texturePolygons.size(), mesh.polygons.size());
 }
 
+size_t materialCount(const mv::MeshData& mesh, int material) {
+  size_t count = 0;
+  for (const mv::MeshPolygon& q : mesh.polygons) count += q.material == material ? 1 : 0;
+  return count;
+}
+
 }  // namespace
 
 TEST(DemoPlants, branchShowsATwigAtEveryNodeAndAMarkerAtTheEnd) {
@@ -33,7 +39,9 @@ TEST(DemoPlants, branchShowsATwigAtEveryNodeAndAMarkerAtTheEnd) {
   EXPECT_LE(twigPolygons, 12u * 2u * 16u);
   double top = 0;
   for (const mv::Vector3& p : mesh.points) top = std::fmax(top, p.z);
-  EXPECT_NEAR(top, 2.4 + 0.04, 1e-3);  // the marker's tip, along the end's slight slant
+  EXPECT_NEAR(top, 2.4 + 0.04, 1e-3);
+  EXPECT_EQ(materialCount(mesh, kDemoLeaf),
+            8u);  // the marker alone  // the marker's tip, along the end's slight slant
   expectSoundMesh(mesh);
 }
 
@@ -42,5 +50,6 @@ TEST(DemoPlants, phyllotaxisShowsAConeAtEveryElement) {
   const DemoCounts counts = buildDemoPhyllotaxis(mesh);
   EXPECT_EQ(counts.elements, 50);
   EXPECT_EQ(mesh.polygons.size(), 50u * 16u);
+  EXPECT_EQ(materialCount(mesh, kDemoLeaf), mesh.polygons.size());
   expectSoundMesh(mesh);
 }

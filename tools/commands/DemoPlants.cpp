@@ -67,15 +67,15 @@ mv::MeshData diamond(double size) {
   return mesh;
 }
 
-// Merges child, carried by turn and then by the placement, at every placement of role in list;
-// returns how many.
+// Merges child, carried by turn and then by the placement, at every placement of role in list,
+// in the leaf material; returns how many.
 int mergeAt(mv::MeshData& mesh, const mv::PlacementList& list, int role, const mv::MeshData& child,
             const mv::Matrix4& turn = mv::Matrix4()) {
   int count = 0;
   for (const mv::PlacementGroup& group : list) {
     if (group.role != role) continue;
     for (const mv::Placement& p : group.placements) {
-      mesh.addMesh(child, turn * p.matrix, -1);
+      mesh.addMesh(child, turn * p.matrix, kDemoLeaf);
       ++count;
     }
   }
@@ -87,7 +87,9 @@ int mergeAt(mv::MeshData& mesh, const mv::PlacementList& list, int role, const m
 DemoCounts buildDemoBranch(mv::MeshData& mesh) {
   BranchRig stem(0.08, {{0, 0, 0}, {0.15, 0, 1.2}, {0, 0, 2.4}}, 12.0);
   BranchRig twig(0.08, {{0, 0, 0}, {0, 0.05, 0.45}, {0, 0, 0.9}}, 0.0);
-  const mv::PlacementList placements = stem.run(mesh, nullptr, 4);
+  mv::MeshData stemMesh;
+  const mv::PlacementList placements = stem.run(stemMesh, nullptr, 4);
+  mesh.addMesh(stemMesh, mv::Matrix4(), kDemoBark);
   const mv::MeshData marker = diamond(0.04);
   DemoCounts counts;
   for (const mv::PlacementGroup& group : placements) {
@@ -95,7 +97,7 @@ DemoCounts buildDemoBranch(mv::MeshData& mesh) {
     for (const mv::Placement& node : group.placements) {
       mv::MeshData copy;
       twig.run(copy, &node, 2);  // profile and path: the twig ends in no further children
-      mesh.addMesh(copy, node.matrix, -1);
+      mesh.addMesh(copy, node.matrix, kDemoBark);
       ++counts.nodes;
     }
   }

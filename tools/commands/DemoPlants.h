@@ -2,10 +2,14 @@
 // Every placement is shown in the mesh: a node of a branch by a copy of a smaller branch (a
 // twig), the end of a branch by a small diamond marker, an element of a phyllotaxis by a small
 // cone. Children are evaluated with the growth, thickness and density that their placement
-// carries, and merged into one mesh under the placement's matrix.
+// carries, and merged into one mesh under the placement's matrix. Stems and twigs take material
+// index kDemoBark, markers and cones kDemoLeaf.
 #pragma once
 
 #include "MeshData.h"
+
+constexpr int kDemoBark = 0;
+constexpr int kDemoLeaf = 1;
 
 // The placements that a demo plant showed, by kind.
 struct DemoCounts {

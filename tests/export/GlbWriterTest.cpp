@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+#include <tiny_gltf.h>
+
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <set>
+
+#include "CapturingMessageHandler.h"
+#include "ExportSamples.h"
+#include "FileAxes.h"
+#include "GlbWriter.h"
+#include "TestOutput.h"
+
+namespace {
+
+tinygltf::Model readGlb(const std::string& path) {
+  tinygltf::Model model;
+  tinygltf::TinyGLTF loader;
+  std::string err, warn;
+  EXPECT_TRUE(loader.LoadBinaryFromFile(&model, &err, &warn, path)) << err;
+  return model;
+}
+
+// The values of an accessor as doubles, whatever its component type; tightly packed views only.
+std::vector<double> accessorValues(const tinygltf::Model& model, int index) {
+  const tinygltf::Accessor& accessor = model.accessors[static_cast<size_t>(index)];
+  const tinygltf::BufferView& view = model.bufferViews[static_cast<size_t>(accessor.bufferView)];
+  const unsigned char* data = model.buffers[static_cast<size_t>(view.buffer)].data.data() +
+                              view.byteOffset + accessor.byteOffset;
+  const size_t count =
+      accessor.count * static_cast<size_t>(tinygltf::GetNumComponentsInType(accessor.type));
+  std::vector<double> values(count);
+  for (size_t k = 0; k < count; ++k) {
+    if (accessor.componentType == TINYGLTF_COMPONENT_TYPE_FLOAT) {
+      float value;
+      std::memcpy(&value, data + 4 * k, 4);
+      values[k] = value;
+    } else if (accessor.componentType == TINYGLTF_COMPONENT_TYPE_UNSIGNED_INT) {
+      uint32_t value;
+      std::memcpy(&value, data + 4 * k, 4);
+      values[k] = value;
+    } else {
+      uint16_t value;
+      std::memcpy(&value, data + 2 * k, 2);
+      values[k] = value;
+    }
+  }
+  return values;
+}
+
+mv::Vector3 at(const std::vector<double>& values, size_t vertex) {
+  return {values[3 * vertex], values[3 * vertex + 1], values[3 * vertex + 2]};
+}
+
+// Twice the area of all triangles of a primitive.
+double twiceArea(const tinygltf::Model& model, const tinygltf::Primitive& primitive) {
+  const std::vector<double> positions = accessorValues(model, primitive.attributes.at("POSITION"));
+  const std::vector<double> indices = accessorValues(model, primitive.indices);
+  double sum = 0.0;
+  for (size_t t = 0; t < indices.size(); t += 3) {
+    const mv::Vector3 a = at(positions, size_t(indices[t])),
+                      b = at(positions, size_t(indices[t + 1])),
+                      c = at(positions, size_t(indices[t + 2]));
+    sum += (b - a).cross(c - a).length();
+  }
+  return sum;
+}
+
+}  // namespace
+
+TEST(GlbWriter, roundTripGivesOnePrimitivePerMaterialWithItsArea) {
+  const mv::MeshData mesh = sampleMesh();
+  const std::string path = testOutputPath("sample.glb");
+  ASSERT_TRUE(mv::GlbWriter(sampleMaterials()).write(mesh, path));
+  writeSampleTexture(testOutputPath("bark.png"));
+  const tinygltf::Model model = readGlb(path);
+
+  ASSERT_EQ(model.meshes.size(), 1u);
+  const std::vector<tinygltf::Primitive>& primitives = model.meshes[0].primitives;
+  ASSERT_EQ(primitives.size(), 3u);  // materials -1, 0, 1
+  const std::vector<std::string> names = {"default", "bark", "leaf green"};
+  for (size_t k = 0; k < 3; ++k) {
+    const tinygltf::Primitive& primitive = primitives[k];
+    const int material = static_cast<int>(k) - 1;
+    EXPECT_EQ(model.materials[static_cast<size_t>(primitive.material)].name, names[k]);
+    EXPECT_EQ(model.accessors[static_cast<size_t>(primitive.indices)].componentType,
+              TINYGLTF_COMPONENT_TYPE_UNSIGNED_SHORT);
+    double expected = 0.0;
+    size_t triangles = 0;
+    for (const mv::MeshPolygon& p : mesh.polygons) {
+      if (p.material != material) continue;
+      expected += twiceArea(mesh, p);
+      triangles += p.isTriangle() ? 1 : 2;
+    }
+    EXPECT_EQ(model.accessors[static_cast<size_t>(primitive.indices)].count, 3 * triangles);
+    EXPECT_NEAR(twiceArea(model, primitive), expected, 1e-5 * expected);
+  }
+  const tinygltf::Material& bark = model.materials[static_cast<size_t>(primitives[1].material)];
+  EXPECT_EQ(bark.pbrMetallicRoughness.baseColorFactor, (std::vector<double>{0.4, 0.3, 0.2, 1.0}));
+  const int texture = bark.pbrMetallicRoughness.baseColorTexture.index;
+  ASSERT_GE(texture, 0);
+  EXPECT_EQ(model.images[static_cast<size_t>(model.textures[size_t(texture)].source)].uri,
+            "bark.png");
+}
+
+TEST(GlbWriter, tubeNormalsPointOutwardAndAreUnitLength) {
+  const std::string path = testOutputPath("tube.glb");
+  ASSERT_TRUE(mv::GlbWriter(sampleMaterials()).write(sampleMesh(), path));
+  writeSampleTexture(testOutputPath("bark.png"));
+  const tinygltf::Model model = readGlb(path);
+  const tinygltf::Primitive& tube = model.meshes[0].primitives[1];
+  const std::vector<double> positions = accessorValues(model, tube.attributes.at("POSITION"));
+  const std::vector<double> normals = accessorValues(model, tube.attributes.at("NORMAL"));
+  ASSERT_EQ(positions.size(), normals.size());
+  // Smooth: one vertex per point of the welded tube, and one more per row where u jumps from 1
+  // back to 0 at the seam.
+  EXPECT_EQ(positions.size(), 3u * 13u * 4u);
+  for (size_t v = 0; v < positions.size() / 3; ++v) {
+    const mv::Vector3 p = mv::FileAxes::toLibrary(at(positions, v));
+    const mv::Vector3 n = mv::FileAxes::toLibrary(at(normals, v));
+    EXPECT_NEAR(n.length(), 1.0, 1e-6);
+    EXPECT_GT(n.dot(mv::Vector3(p.x, p.y, 0.0).normalized()), 0.95) << "vertex " << v;
+  }
+}
+
+// A grid of 320 x 320 points: more vertices than 16-bit indices can reach.
+TEST(GlbWriter, largePrimitiveUses32BitIndicesThatStillNameTheRightPoints) {
+  const int n = 320;
+  mv::MeshData mesh;
+  {
+    std::vector<mv::Vector3> points;
+    for (int j = 0; j < n; ++j) {
+      for (int i = 0; i < n; ++i) points.emplace_back(i, j, 0.0);
+    }
+    mv::OPolygonStream stream(&mesh, true);
+    mv::GeomPrimitiveWriter::writePatch(stream, n, n, points);
+  }
+  const std::string path = testOutputPath("large.glb");
+  ASSERT_TRUE(mv::GlbWriter().write(mesh, path));
+  const tinygltf::Model model = readGlb(path);
+  const tinygltf::Primitive& primitive = model.meshes[0].primitives.at(0);
+  EXPECT_EQ(model.accessors[static_cast<size_t>(primitive.indices)].componentType,
+            TINYGLTF_COMPONENT_TYPE_UNSIGNED_INT);
+  const std::vector<double> positions = accessorValues(model, primitive.attributes.at("POSITION"));
+  const std::vector<double> indices = accessorValues(model, primitive.indices);
+  ASSERT_EQ(positions.size(), 3u * n * n);
+  EXPECT_EQ(std::set<double>(indices.begin(), indices.end()).size(), size_t(n) * n);
+  // Every triangle is half a unit cell: a wrapped 16-bit index would land rows away.
+  for (size_t t = 0; t < indices.size(); t += 3) {
+    const mv::Vector3 a = at(positions, size_t(indices[t])),
+                      b = at(positions, size_t(indices[t + 1])),
+                      c = at(positions, size_t(indices[t + 2]));
+    ASSERT_NEAR((b - a).cross(c - a).length(), 1.0, 1e-9) << "triangle " << t / 3;
+  }
+}
+
+TEST(GlbWriter, emptyMeshIsAValidFileWithoutGeometry) {
+  const std::string path = testOutputPath("empty.glb");
+  ASSERT_TRUE(mv::GlbWriter().write(mv::MeshData(), path));
+  const tinygltf::Model model = readGlb(path);
+  EXPECT_TRUE(model.meshes.empty());
+  EXPECT_TRUE(model.scenes.empty());
+  EXPECT_EQ(model.asset.version, "2.0");
+}
+
+TEST(GlbWriter, refusesWhatCannotBeWritten) {
+  CapturingMessageHandler capture;
+  EXPECT_FALSE(mv::GlbWriter().write(sampleMesh(), "/nonexistent-directory/plant.glb"));
+  EXPECT_EQ(capture.errors.back(), "Cannot write /nonexistent-directory/plant.glb");
+
+  mv::MeshData huge = sampleMesh();
+  huge.points[3].y = 1e300;
+  const std::string path = testOutputPath("refused.glb");
+  EXPECT_FALSE(mv::GlbWriter().write(huge, path));
+  EXPECT_EQ(capture.errors.back(), "glTF: a point is not a finite single-precision number");
+  EXPECT_FALSE(std::filesystem::exists(path));
+}

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+#include <tiny_obj_loader.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "CapturingMessageHandler.h"
+#include "ExportSamples.h"
+#include "FileAxes.h"
+#include "GeometryExpectations.h"
+#include "ObjWriter.h"
+#include "TestOutput.h"
+
+namespace {
+
+struct ObjFile {
+  tinyobj::attrib_t attrib;
+  std::vector<tinyobj::shape_t> shapes;
+  std::vector<tinyobj::material_t> materials;
+};
+
+ObjFile readObj(const std::string& path) {
+  ObjFile file;
+  std::string warn, err;
+  const std::string directory = std::filesystem::path(path).parent_path().string() + "/";
+  EXPECT_TRUE(tinyobj::LoadObj(&file.attrib, &file.shapes, &file.materials, &warn, &err,
+                               path.c_str(), directory.c_str(), false))
+      << err;
+  EXPECT_EQ(warn, "");
+  return file;
+}
+
+std::string contents(const std::string& path) {
+  std::ifstream in(path);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+// Files in the output directory whose names start with prefix.
+size_t filesStartingWith(const std::string& prefix) {
+  const std::filesystem::path directory =
+      std::filesystem::path(testOutputPath(prefix)).parent_path();
+  return std::count_if(std::filesystem::directory_iterator(directory), {},
+                       [&prefix](const std::filesystem::directory_entry& entry) {
+                         return entry.path().filename().string().rfind(prefix, 0) == 0;
+                       });
+}
+
+}  // namespace
+
+TEST(ObjWriter, roundTripKeepsPointsCornersTexturesAndGroups) {
+  const mv::MeshData mesh = sampleMesh();
+  const std::string path = testOutputPath("sample.obj");
+  ASSERT_TRUE(mv::ObjWriter(sampleMaterials()).write(mesh, path));
+  writeSampleTexture(testOutputPath("bark.png"));
+  const ObjFile file = readObj(path);
+
+  ASSERT_EQ(file.attrib.vertices.size(), 3 * mesh.points.size());
+  for (size_t k = 0; k < mesh.points.size(); ++k) {
+    const mv::Vector3 p(file.attrib.vertices[3 * k], file.attrib.vertices[3 * k + 1],
+                        file.attrib.vertices[3 * k + 2]);
+    expectNear(mv::FileAxes::toLibrary(p), mesh.points[k], 1e-15);  // the reader rounds
+  }
+
+  // Faces come grouped by material, in the mesh's order within each group.
+  std::vector<uint32_t> order(mesh.polygons.size());
+  for (uint32_t k = 0; k < order.size(); ++k) order[k] = k;
+  std::stable_sort(order.begin(), order.end(), [&mesh](uint32_t l, uint32_t r) {
+    return mesh.polygons[l].material < mesh.polygons[r].material;
+  });
+  std::vector<std::string> shapeNames;
+  size_t next = 0;
+  for (const tinyobj::shape_t& shape : file.shapes) {
+    shapeNames.push_back(shape.name);
+    size_t corner = 0;
+    for (size_t f = 0; f < shape.mesh.num_face_vertices.size(); ++f, ++next) {
+      const mv::MeshPolygon& polygon = mesh.polygons[order[next]];
+      const mv::TexturePolygon& uv = mesh.texturePolygons[order[next]];
+      const uint32_t corners[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
+      const mv::Vector3 uvs[4] = {uv.a, uv.b, uv.c, uv.d};
+      ASSERT_EQ(shape.mesh.num_face_vertices[f], polygon.isTriangle() ? 3u : 4u);
+      for (int k = 0; k < shape.mesh.num_face_vertices[f]; ++k, ++corner) {
+        const tinyobj::index_t index = shape.mesh.indices[corner];
+        EXPECT_EQ(index.vertex_index, static_cast<int>(corners[k]));
+        EXPECT_NEAR(file.attrib.texcoords[2 * index.texcoord_index], uvs[k].x, 1e-15);
+        EXPECT_NEAR(file.attrib.texcoords[2 * index.texcoord_index + 1], 1.0 - uvs[k].y, 1e-15);
+      }
+      const int material = shape.mesh.material_ids[f];
+      const std::string expected = polygon.material == 0   ? "bark"
+                                   : polygon.material == 1 ? "leaf_green"
+                                                           : "default";
+      EXPECT_EQ(file.materials[static_cast<size_t>(material)].name, expected);
+    }
+  }
+  EXPECT_EQ(next, mesh.polygons.size());
+  EXPECT_EQ(shapeNames, (std::vector<std::string>{"default", "bark", "leaf_green C1"}));
+  ASSERT_EQ(file.materials.size(), 3u);
+  const tinyobj::material_t& bark = file.materials[1];
+  EXPECT_EQ(bark.diffuse_texname, "bark.png");
+  EXPECT_NEAR(bark.diffuse[0], 0.4, 1e-6);
+  EXPECT_NEAR(bark.diffuse[2], 0.2, 1e-6);
+}
+
+TEST(ObjWriter, materialLibraryLiesBesideTheObjFile) {
+  EXPECT_EQ(mv::ObjWriter::materialLibraryPath("out/plant.obj"), "out/plant.mtl");
+  EXPECT_EQ(mv::ObjWriter::materialLibraryPath("out.d/plant"), "out.d/plant.mtl");
+}
+
+TEST(ObjWriter, failedWriteLeavesNoFileAndKeepsTheEarlierOne) {
+  CapturingMessageHandler capture;
+  EXPECT_FALSE(mv::ObjWriter().write(sampleMesh(), "/nonexistent-directory/plant.obj"));
+  ASSERT_EQ(capture.errors.size(), 1u);
+  EXPECT_EQ(capture.errors[0], "Cannot write /nonexistent-directory/plant.mtl");
+
+  const std::string path = testOutputPath("kept.obj");
+  ASSERT_TRUE(mv::ObjWriter().write(sampleMesh(), path));
+  const std::string before = contents(path);
+  mv::MeshData broken = sampleMesh();
+  broken.polygons[2].c = 100000;
+  EXPECT_FALSE(mv::ObjWriter().write(broken, path));
+  EXPECT_EQ(capture.errors.back(), "OBJ: a polygon names a point that does not exist");
+  broken.points[0].x = std::nan("");
+  broken.polygons[2].c = 0;
+  EXPECT_FALSE(mv::ObjWriter().write(broken, path));
+  EXPECT_EQ(contents(path), before);
+  EXPECT_EQ(filesStartingWith("kept."), 2u);  // kept.obj and kept.mtl, no temporary left
+}

@@ -1,0 +1,100 @@
+// morvo primitives: a developer's look at the polygon output. Writes a tube patch, a star-shaped
+// outline and a small quad mesh through the polygon stream and exports them, so that a person can
+// open the result in any viewer. Hidden from the help.
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "Commands.h"
+#include "ExportMaterial.h"
+#include "GeomPrimitiveWriter.h"
+#include "GlbWriter.h"
+#include "MeshData.h"
+#include "MessageSink.h"
+#include "OPolygonStream.h"
+#include "ObjWriter.h"
+
+namespace {
+
+using mv::GeomPrimitiveWriter;
+using mv::Vector3;
+
+// A closed tube around +z that flares at the top, facing outward: rows go up, columns run
+// clockwise seen from +z, the last column repeats the first.
+void writeTube(mv::OGeomStream& s) {
+  const int nu = 25, nv = 9;
+  std::vector<Vector3> points;
+  for (int j = 0; j < nv; ++j) {
+    const double radius = 0.4 + 0.1 * j * j / (nv - 1.0);
+    for (int i = 0; i < nu; ++i) {
+      const double angle = -2.0 * M_PI * (i % (nu - 1)) / (nu - 1);
+      points.emplace_back(radius * std::cos(angle), radius * std::sin(angle), 0.5 * j);
+    }
+  }
+  s << mv::CmdGroupBegin << mv::CmdMaterialIndex << 0;
+  GeomPrimitiveWriter::writePatch(s, nu, nv, points);
+  s << mv::CmdGroupEnd;
+}
+
+// A seven-pointed star, upright in the x-z plane beside the tube: concave, so the ear clipping
+// has reflex corners to walk around.
+void writeStar(mv::OGeomStream& s) {
+  std::vector<Vector3> points;
+  std::vector<double> texture;
+  const int corners = 14;
+  for (int k = 0; k < corners; ++k) {
+    const double angle = 2.0 * M_PI * k / corners, r = k % 2 == 0 ? 1.0 : 0.45;
+    points.emplace_back(r * std::cos(angle), 0.0, r * std::sin(angle));
+    texture.insert(texture.end(), {0.5 + 0.5 * points.back().x, 0.5 - 0.5 * points.back().z});
+  }
+  s << mv::CmdGroupBegin << mv::CmdMaterialIndex << 1 << mv::CmdAttribute;
+  s.param(mv::ParamSelection) << std::string("star");
+  s << mv::CmdTransform << mv::Matrix4::translation({2.5, 0.0, 2.0});
+  GeomPrimitiveWriter::writeOutline(s, points, texture);
+  s << mv::CmdGroupEnd;
+}
+
+// Steps of quads with one triangle on top, on the other side of the tube.
+void writeSteps(mv::OGeomStream& s) {
+  const std::vector<Vector3> points = {{-3, 0, 0},   {-2, 0, 0},   {-3, 0, 0.5},  {-2, 0, 0.5},
+                                       {-3, 1, 0.5}, {-2, 1, 0.5}, {-2.5, 1, 1.2}};
+  const std::vector<int> indices = {0, 1, 3, 2, 2, 3, 5, 4, 4, 5, 6, 6};
+  const std::vector<double> texture = {0, 1, 1, 1, 1, 0.5, 0, 0.5, 0,   0.5, 1,   0.5,
+                                       1, 0, 0, 0, 0, 0,   1, 0,   0.5, 1,   0.5, 1};
+  s << mv::CmdGroupBegin << mv::CmdMaterialIndex << 2;
+  GeomPrimitiveWriter::writeQuadMesh(s, indices, points, texture);
+  s << mv::CmdGroupEnd;
+}
+
+bool endsWith(const std::string& text, const std::string& suffix) {
+  return text.size() >= suffix.size() &&
+         text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
+}
+
+int writePrimitives(const std::string& output) {
+  mv::MeshData mesh;
+  {
+    mv::OPolygonStream stream(&mesh, true);
+    writeTube(stream);
+    writeStar(stream);
+    writeSteps(stream);
+  }
+  mesh.finish();
+  const std::vector<mv::ExportMaterial> materials = {
+      {"bark", 0.45, 0.32, 0.2, ""}, {"leaf", 0.2, 0.6, 0.15, ""}, {"stone", 0.6, 0.6, 0.6, ""}};
+  if (endsWith(output, ".obj")) return mv::ObjWriter(materials).write(mesh, output) ? 0 : 1;
+  if (endsWith(output, ".glb")) return mv::GlbWriter(materials).write(mesh, output) ? 0 : 1;
+  mv::messageSink.error("primitives: the output must end in .obj or .glb: " + output);
+  return 2;
+}
+
+}  // namespace
+
+void addPrimitivesCommand(CLI::App& app, CommandResult& result) {
+  CLI::App* command =
+      app.add_subcommand("primitives", "write a patch, an outline and a quad mesh to a file");
+  command->group("");  // a developer's tool, not in the help
+  auto output = std::make_shared<std::string>();
+  command->add_option("-o,--output", *output, "the file to write, .obj or .glb")->required();
+  command->callback([output, &result] { result.exitCode = writePrimitives(*output); });
+}
