@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
+#include "Branch.h"
 #include "CapturingMessageHandler.h"
+#include "ChildRole.h"
 #include "Deviation.h"
 #include "GeometryExpectations.h"
+#include "GrowthScene.h"
 #include "ParameterSetData.h"
 #include "PolylineSpline.h"
 #include "SplineBuilders.h"
@@ -65,6 +69,37 @@ TEST(Deviation, kinksOnlyAtTheOwnersNodePosition) {
     expectNear(path.points[i].position, {0, d * std::sin(M_PI / 4), 0.5 + d * std::cos(M_PI / 4)},
                1e-12);
     EXPECT_DOUBLE_EQ(path.points[i].t, i / 10.0);
+  }
+}
+
+TEST(Deviation, kinksWhereTheOwningBranchPlacesItsNodes) {
+  // The Branch's own node pass over its default, uneven distribution gives the node positions.
+  mv::Branch branch;
+  GrowthScene scene(branch);
+  makeLine(scene.path, 201, {0, 0, 0}, {0, 0, 1});
+  scene.profile.makeCircle(0.1, 8);
+  scene.params.setDouble(mv::Branch::nodeNumber, 3);
+  std::vector<double> nodes;
+  for (const mv::Placement& node : scene.run().only(mv::RoleNodes)) nodes.push_back(node.position);
+  ASSERT_EQ(nodes.size(), 3u);
+
+  DeviationCase c(3.0);
+  c.params.setCurve(Deviation::ownerNodeDistribution,
+                    *scene.params.getCurve(mv::Branch::nodeDistribution));
+  mv::PolylineSpline path = stem(201);
+  ASSERT_TRUE(c.deform(path));
+  // Screw 0 keeps every kink in one plane: past k nodes the path heads k * pi / 4 away from z;
+  // pieces that hold a node are the kinks themselves.
+  for (int i = 1; i <= 200; ++i) {
+    const double t0 = path.points[i - 1].t, t1 = path.points[i].t;
+    const int before = static_cast<int>(
+        std::count_if(nodes.begin(), nodes.end(), [t0](double x) { return x <= t0; }));
+    const int after = static_cast<int>(
+        std::count_if(nodes.begin(), nodes.end(), [t1](double x) { return x <= t1; }));
+    if (before != after) continue;
+    const mv::Vector3 piece = path.points[i].position - path.points[i - 1].position;
+    EXPECT_NEAR(std::atan2(piece.y, piece.z), before * M_PI / 4, 1e-9) << i;
+    EXPECT_NEAR(piece.length(), 1 / 200.0, 1e-12);
   }
 }
 
