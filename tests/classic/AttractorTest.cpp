@@ -57,13 +57,6 @@ struct AttractorCase {
 
 }  // namespace
 
-TEST(Attractor, isAPointModifierThatPassesChildrenThrough) {
-  Attractor attractor;
-  std::string name;
-  EXPECT_EQ(attractor.typeName(name), "Attractor");
-  EXPECT_EQ(attractor.modifierKinds(), ModifierDeformPoints);
-}
-
 TEST(Attractor, pushesByARaisedCosineOfTheDistance) {
   AttractorCase c({{0.1, 0, Matrix4()}});  // 10 units at the centre
   const MeshData mesh = c.deform({{25, 0, 0}, {0, -10, 0}, {0, 0, 49}, {0, 50, 0}, {80, 0, 0}});

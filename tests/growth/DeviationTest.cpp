@@ -51,13 +51,6 @@ void expectUnchanged(const mv::SplineData& spline, const mv::SplineData& origina
 
 }  // namespace
 
-TEST(Deviation, isASplineModifier) {
-  Deviation deviation;
-  std::string name;
-  EXPECT_EQ(deviation.typeName(name), "Deviation");
-  EXPECT_EQ(deviation.modifierKinds(), mv::ModifierDeformSpline);
-}
-
 TEST(Deviation, kinksOnlyAtTheOwnersNodePosition) {
   // One node of an even distribution stands at the middle of the path.
   DeviationCase c(1.0);

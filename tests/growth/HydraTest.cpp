@@ -38,8 +38,6 @@ TEST(Hydra, firstChildTakesTheElementsAndTheRestPassThrough) {
   std::vector<int> roles;
   ASSERT_TRUE(hydra.assignRoles(params, roles, 3));
   EXPECT_EQ(roles, (std::vector<int>{mv::RoleNodes, mv::RoleOther, mv::RoleOther}));
-  std::string name;
-  EXPECT_EQ(hydra.typeName(name), "Hydra");
 }
 
 TEST(Hydra, ringSpacesElementsEquallyAtTheRadiusPointingOutward) {

@@ -39,13 +39,6 @@ mv::Vector3 pieceOf(const mv::SplineData& spline, size_t i) {
 
 }  // namespace
 
-TEST(Tropism, isASplineModifierThatPassesChildrenThrough) {
-  Tropism tropism;
-  std::string name;
-  EXPECT_EQ(tropism.typeName(name), "Tropism");
-  EXPECT_EQ(tropism.modifierKinds(), mv::ModifierDeformSpline);
-}
-
 TEST(Tropism, bendsAStraightPathTowardTheAxisIndependentlyOfSampling) {
   // In the limit of fine steps the heading h from the path toward +z obeys dh/dx = c cos h,
   // so at the end h = gd(c) = 2 atan(tanh(c / 2)).
