@@ -75,8 +75,9 @@ Matrix4 stepTurn(const Bend& bend, const Vector3& p0, const Vector3& s, double x
   const Vector3 v = normalize(local) * b + along;
   const double angle = std::acos(std::clamp(along.dot(normalize(v)), -1.0, 1.0));
   const Vector3 axis = s.cross(v);
-  // A step of no length has no axis to turn about: it stays in place.
-  if (angle <= kZero || isTiny(axis)) return Matrix4();
+  // A step of no length has no axis to turn about, and a strength that is not a number gives no
+  // angle: either way the step stays in place.
+  if (!(angle > kZero) || isTiny(axis)) return Matrix4();
   return Matrix4::translation(-p0) * axisRotation(normalize(axis), angle) *
          Matrix4::translation(p0);
 }

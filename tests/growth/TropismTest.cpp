@@ -196,7 +196,7 @@ TEST(Tropism, badInputLeavesThePathAlone) {
   EXPECT_EQ(messages.errors[0], "Parameter Retrieval failed!");
   expectNear(path.points.back().position, {1, 0, 0});
 
-  // Steps of no length (all points in one place), an empty spline.
+  // Steps of no length (all points in one place), an empty spline, a strength of no number.
   TropismCase zero;
   mv::SplineData collapsed;
   appendSegment(collapsed, linePoints(5, {1, 1, 1}, {1, 1, 1}));
@@ -204,5 +204,9 @@ TEST(Tropism, badInputLeavesThePathAlone) {
   for (const auto& point : collapsed.points) expectNear(point.position, {1, 1, 1});
   mv::SplineData empty;
   EXPECT_TRUE(zero.deform(empty));
+  zero.strength(std::nan(""), std::nan(""));
+  mv::SplineData unbent = straightPath(5);
+  ASSERT_TRUE(zero.deform(unbent));
+  expectNear(unbent.points.back().position, {1, 0, 0});
   EXPECT_EQ(messages.errors.size(), 1u);
 }
