@@ -271,6 +271,10 @@ bool triangulate(const std::vector<Vector3>& points, std::vector<uint32_t>& tria
 
 bool improveTriangles(const std::vector<Vector3>& points, std::vector<uint32_t>& triangles,
                       int axis) {
+  const size_t n = points.size();
+  if (std::any_of(triangles.begin(), triangles.end(), [n](uint32_t index) { return index >= n; })) {
+    return false;  // not a triangulation of these points
+  }
   const std::vector<Point2> p = projectAll(points, axis);
   allocateEdges(points.size() >= 1 ? 2 * points.size() - 2 : 0);
   const int triangleCount = static_cast<int>(triangles.size() / 3);

@@ -29,8 +29,9 @@ bool triangulate(const std::vector<Vector3>& points, std::vector<uint32_t>& tria
 // The flipping stage, for counter-clockwise triangles in the plane of axis: an inner edge is
 // flipped when the better of the two new triangles is better (smaller circumradius) than the
 // better of the two old ones by more than rounding (a relative 1e-9). Diagnostics go to standard
-// error. False when the triangles are inconsistent, or, silently, when n * n + 64 flips did not
-// finish; the triangles are then still a valid triangulation, though not fully improved.
+// error. False when the triangles are inconsistent, or, silently, when an index names no point
+// or n * n + 64 flips did not finish; the triangles are then as valid as they were given,
+// though not fully improved.
 bool improveTriangles(const std::vector<Vector3>& points, std::vector<uint32_t>& triangles,
                       int axis);
 

@@ -147,6 +147,19 @@ TEST(PolygonStream, textureValuesLandPerCornerFromTheUnweldedGrid) {
             (TexturePolygon{{0.75, 1, 0}, {1, 1, 0}, {1, 0, 0}, {0.75, 0, 0}}));
 }
 
+TEST(PolygonStream, intsInATextureListAreNotTextureValues) {
+  mv::MeshData mesh;
+  {
+    mv::OPolygonStream stream(&mesh, true);
+    stream << mv::CmdPolygon << 1 << '[' << 3 << ']';
+    stream.param(mv::ParamPoints) << '[' << Vector3(0, 0, 0) << Vector3(1, 0, 0) << Vector3(0, 1, 0)
+                                  << ']';
+    stream.param(mv::ParamTexture) << '[' << 0.0 << 0.0 << 7 << 1.0 << 0.0 << 0.0 << 1.0 << ']';
+  }
+  ASSERT_EQ(mesh.getPolygonCount(), 1u);
+  EXPECT_EQ(mesh.texturePolygons[0], (TexturePolygon{{0, 1, 0}, {0, 0, 0}, {1, 0, 0}, {1, 0, 0}}));
+}
+
 TEST(PolygonStream, groupTransformAndMaterialApplyToThePrimitiveBeforeGroupEnd) {
   mv::MeshData mesh;
   {

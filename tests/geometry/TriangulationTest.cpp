@@ -139,6 +139,9 @@ TEST(Triangulation, improvementRejectsBackwardTriangles) {
   EXPECT_FALSE(mv::improveTriangles(square, clockwise, 2));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "ERROR: original triangles backwards!\n");
   EXPECT_EQ(clockwise, (Triangles{0, 2, 1, 0, 3, 2}));
+
+  Triangles pastTheEnd = {0, 1, 4};
+  EXPECT_FALSE(mv::improveTriangles(square, pastTheEnd, 2));
 }
 
 TEST(Triangulation, projectionAxisFollowsTheFlattestExtent) {

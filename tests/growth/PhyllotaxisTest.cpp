@@ -222,6 +222,11 @@ TEST(Phyllotaxis, degenerateProfilesAndHugeCountsStayBounded) {
   HeadScene empty(10);
   EXPECT_EQ(empty.run(kWithElements).only(mv::RoleNodes).size(), 10u);
 
+  HeadScene broken(10);  // NaN in every curve: still ten elements and no endless search
+  broken.disc();
+  for (auto& [id, curve] : broken.params.curves) ASSERT_TRUE(curve.setExpression("x/0*0"));
+  EXPECT_EQ(broken.run(kWithElements).only(mv::RoleNodes).size(), 10u);
+
   CapturingMessageHandler capture;
   HeadScene huge(1e12);
   huge.disc();
