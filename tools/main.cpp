@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
   addInfoCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
+  addRenderCommand(app, result);
 
   try {
     app.parse(argc, argv);

@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "MeshData.h"
 #include "OBaseGeomStream.h"
@@ -33,7 +34,9 @@ class SelectionMesh : public OMesh {
  private:
   MeshData& target_;
   const OBaseGeomStream* stream_ = nullptr;
-  std::map<std::string, std::set<uint32_t>> collected_;
+  std::vector<std::vector<uint32_t>> byId_;          // polygons by the stream's selection id
+  std::vector<std::string> names_;                   // the names the stream issued, as far as used
+  std::map<std::string, std::set<uint32_t>> named_;  // selections set by name
 };
 
 }  // namespace mv

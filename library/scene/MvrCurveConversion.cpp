@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "MessageSink.h"
+
 namespace mv {
 
 namespace {
@@ -54,6 +56,13 @@ std::vector<Term> splitTerms(const std::string& input) {
   return terms;
 }
 
+std::vector<Vector3> usableKnots(const std::vector<Vector3>& knots) {
+  if (knots.size() <= MvrCurveConversion::kMaxCurveKnots) return knots;
+  messageSink.warning("Knot list of " + std::to_string(knots.size()) + " knots cut to " +
+                      std::to_string(MvrCurveConversion::kMaxCurveKnots));
+  return {knots.begin(), knots.begin() + MvrCurveConversion::kMaxCurveKnots};
+}
+
 CurveParam constantOne(double minimum, double maximum) {
   return CurveParam(minimum, maximum, 1.0, 1.0, "id");
 }
@@ -90,8 +99,9 @@ CurveParam MvrCurveConversion::directCurveOf(const MvrRange& range) {
   return CurveParam(range.min, range.max, range.start, range.end, range.function);
 }
 
-std::map<double, double> MvrCurveConversion::knotCurve(const std::vector<Vector3>& knots,
+std::map<double, double> MvrCurveConversion::knotCurve(const std::vector<Vector3>& allKnots,
                                                        bool flatten) {
+  const std::vector<Vector3> knots = usableKnots(allKnots);
   std::map<double, double> keys;
   if (knots.empty()) return keys;
   const double y = knots.front().y;
@@ -114,7 +124,8 @@ CurveParam MvrCurveConversion::scaledKnotCurve(const std::vector<Vector3>& knots
   return CurveParam(0.0, upper, keys, false);
 }
 
-CurveParam MvrCurveConversion::normalisedShape(const std::vector<Vector3>& knots) {
+CurveParam MvrCurveConversion::normalisedShape(const std::vector<Vector3>& allKnots) {
+  const std::vector<Vector3> knots = usableKnots(allKnots);
   if (knots.size() < 2) return constantOne(-0.1, 1.1);
   const auto [yLow, yHigh] = std::minmax_element(
       knots.begin(), knots.end(), [](const Vector3& a, const Vector3& b) { return a.y < b.y; });

@@ -88,6 +88,7 @@ bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   ancestors_.clear();
   switchNodes_ = 0;
   switchesCut_ = false;
+  materialIndices_.clear();
   settings_ = &settings;
   unit_ = settings.getDouble(IdUnit);
   ProgressScope progress;
@@ -113,6 +114,7 @@ bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
     const MvrComponent& component = components_->at(root);
     LoadContext context;
     context.hidden = component.type != "Camera";
+    materialIndices_.try_emplace(context.material.name, static_cast<int>(materials.size()));
     materials.push_back(context.material);
     const std::string created = buildObject(component, context, 0);
     if (created.empty()) return false;
@@ -276,10 +278,11 @@ bool MvrLoader::applyMaterial(const MvrComponent& component, LoadContext& contex
     material.textureScale = {p.textureScaleS.value, p.textureScaleT.value, 0};
   }
   material.name = component.name + (material.color.empty() ? "" : "_" + material.color);
-  const auto same = std::find_if(materials.begin(), materials.end(),
-                                 [&](const MvrMaterial& m) { return m.name == material.name; });
-  context.materialIndex = static_cast<int>(same - materials.begin());
-  if (same == materials.end()) materials.push_back(material);
+  // The first material of that name keeps its index; an index map keeps the search linear.
+  const auto [entry, added] =
+      materialIndices_.try_emplace(material.name, static_cast<int>(materials.size()));
+  context.materialIndex = entry->second;
+  if (added) materials.push_back(material);
   context.material = std::move(material);
   return true;
 }

@@ -165,7 +165,8 @@ class MvrLoader {
   double unit_ = 1.0;
   const std::map<std::string, MvrComponent>* components_ = nullptr;
   std::map<std::string, std::string> visited_;
-  std::set<std::string> ancestors_;  // components on the path from the root being walked
+  std::set<std::string> ancestors_;             // components on the path from the root being walked
+  std::map<std::string, int> materialIndices_;  // first index of each name in materials
   int switchNodes_ = 0;
   bool switchesCut_ = false;
 };

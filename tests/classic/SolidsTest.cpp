@@ -255,38 +255,39 @@ MeshData polygonsOf(Simple& primitive, ParameterSetData& params) {
   return mesh;
 }
 
-// Each polygon's normal, taken clockwise as the library's faces run, points away from the z axis.
-void expectFacingAwayFromTheAxis(const MeshData& mesh) {
+// The sweep runs counter-clockwise about z and the rows go up, so by the right-hand rule every
+// quad faces the axis: all alike, the inside of the surface.
+void expectFacingTheAxis(const MeshData& mesh) {
   for (const MeshPolygon& polygon : mesh.polygons) {
-    const Vector3 a = mesh.points[polygon.a], b = mesh.points[polygon.b];
-    const Vector3 c = mesh.points[polygon.c], d = mesh.points[polygon.d];
-    const Vector3 normal = (d - a).cross(b - a) + (b - c).cross(d - c);
-    const Vector3 centre = (a + b + c + d) * 0.25;
-    EXPECT_GT(normal.dot({centre.x, centre.y, 0}), 0.0);
+    const Vector3 centre = polygonCentroid(mesh, polygon);
+    EXPECT_LT(polygonNormal(mesh, polygon).dot({centre.x, centre.y, 0}), 0.0);
   }
 }
 
 }  // namespace
 
-TEST(SolidSurfaces, boxAndSphereAreClosedAndFaceOutward) {
+// The grids of the Part make every solid turn its faces one way, by the right-hand rule inward:
+// a closed solid encloses a negative volume.
+TEST(SolidSurfaces, boxAndSphereAreClosedAndConsistentlyTurned) {
   Box box;
   ParameterSetData boxParams = defaultsOf(box);
   for (int resolution : {1, 3}) {
     boxParams.setInt(IdBoxResolution, resolution);
     const MeshData mesh = polygonsOf(box, boxParams);
     EXPECT_EQ(mesh.polygons.size(), 6u * resolution * resolution);
-    EXPECT_NEAR(expectClosedOutwardMesh(mesh), 1.0, 1e-12);
+    EXPECT_NEAR(expectClosedMesh(mesh), -1.0, 1e-12);
   }
   Sphere sphere;
   ParameterSetData sphereParams = defaultsOf(sphere, 2.0);
   const MeshData coarse = polygonsOf(sphere, sphereParams);
   EXPECT_EQ(coarse.points.size(), 20u);  // the seam column is welded
   EXPECT_EQ(coarse.polygons.size(), 16u);
-  const double coarseVolume = expectClosedOutwardMesh(coarse);
+  const double coarseVolume = -expectClosedMesh(coarse);
+  EXPECT_GT(coarseVolume, 0.0);
   EXPECT_LT(coarseVolume, 4.0 / 3.0 * M_PI);
   sphereParams.setInt(IdSlices, 64);
   sphereParams.setInt(IdStacks, 32);
-  EXPECT_NEAR(expectClosedOutwardMesh(polygonsOf(sphere, sphereParams)), 4.0 / 3.0 * M_PI, 0.02);
+  EXPECT_NEAR(-expectClosedMesh(polygonsOf(sphere, sphereParams)), 4.0 / 3.0 * M_PI, 0.02);
 }
 
 TEST(SolidSurfaces, coneAndCylinderAreOpenOnlyAtTheirRims) {
@@ -296,11 +297,11 @@ TEST(SolidSurfaces, coneAndCylinderAreOpenOnlyAtTheirRims) {
   EXPECT_EQ(tube.points.size(), 8u * 5u);
   EXPECT_EQ(tube.polygons.size(), 8u * 4u);
   EXPECT_EQ(WeldedEdges(tube).unmatchedEdges(), 2 * 8);  // top and bottom rims
-  expectFacingAwayFromTheAxis(tube);
+  expectFacingTheAxis(tube);
   SolidCone cone;
   ParameterSetData coneParams = defaultsOf(cone);
   coneParams.setInt(IdSlices, 6);
   const MeshData shell = polygonsOf(cone, coneParams);
   EXPECT_EQ(WeldedEdges(shell).unmatchedEdges(), 6);  // the base rim; the apex is welded shut
-  expectFacingAwayFromTheAxis(shell);
+  expectFacingTheAxis(shell);
 }

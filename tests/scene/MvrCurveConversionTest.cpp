@@ -104,3 +104,13 @@ TEST(MvrCurveConversion, pathsAreKeyedByArcLength) {
   EXPECT_EQ(still.rbegin()->first, 1);
   EXPECT_TRUE(MvrCurveConversion::arcLengthPath({}).empty());
 }
+
+TEST(MvrCurveConversion, overlongKnotListsAreCutWithAWarning) {
+  CapturingMessageHandler messages;
+  std::vector<mv::Vector3> knots;
+  for (int i = 0; i < 100000; ++i) knots.push_back({i / 100000.0, double(i % 3), 0});
+  const mv::CurveParam curve = MvrCurveConversion::curveOfKnots(knots, false, 2);
+  EXPECT_EQ(curve.getPointCount(), static_cast<int>(MvrCurveConversion::kMaxCurveKnots));
+  EXPECT_EQ(messages.warnings, std::vector<std::string>{"Knot list of 100000 knots cut to 1024"});
+  EXPECT_EQ(MvrCurveConversion::normalisedShape(knots).getPointCount(), 3);  // keys 0, 0.5, 1
+}

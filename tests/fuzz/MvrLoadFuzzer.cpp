@@ -1,0 +1,11 @@
+// libFuzzer target: any byte string through the whole scene load. A crash, a hang or a memory
+// blow-up is a finding; keep its input as tests/data/regress-*.mvr.
+#include <cstddef>
+#include <cstdint>
+
+#include "SceneFuzzInput.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  loadSceneBytes(data, size);
+  return 0;
+}
