@@ -2,7 +2,8 @@
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, polygon output and triangulation, splines
-//   growth    the growth nodes: Branch, Phyllotaxis, and running a node without a host
+//   growth    the growth nodes: Branch, Phyllotaxis, Hydra, Variation, the spline modifiers
+//             Tropism and Deviation, and running a node without a host
 //   classic   scene graph, classic nodes and the solid primitives
 //   scene     scene files: chunk format, vocabulary, scene load, loader to the classic graph
 // Link the CMake target Morvo::library.
@@ -43,6 +44,7 @@
 #include "VariableScope.h"
 
 // geometry
+#include "CurvatureSpline.h"
 #include "EditableMesh.h"
 #include "GeomAttributes.h"
 #include "GeomCommand.h"
@@ -60,10 +62,23 @@
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
+#include "SplineFrame.h"
 #include "TexturePolygon.h"
 #include "Triangulation.h"
 
+// growth
+#include "Branch.h"
+#include "Deviation.h"
+#include "Hydra.h"
+#include "NodeRun.h"
+#include "Phyllotaxis.h"
+#include "PhyllotaxisIntegration.h"
+#include "SplineNode.h"
+#include "Tropism.h"
+#include "Variation.h"
+
 // classic
+#include "Attractor.h"
 #include "AttractorPrim.h"
 #include "Box.h"
 #include "ClassicNodeParameters.h"
@@ -83,6 +98,7 @@
 #include "SolidCylinder.h"
 #include "SolidParameters.h"
 #include "Sphere.h"
+
 // classic plants
 #include "ClassicHorn.h"
 #include "ClassicLeaf.h"
@@ -99,12 +115,6 @@
 #include "TreeSample.h"
 #include "TreeTrunk.h"
 
-// growth
-#include "Branch.h"
-#include "NodeRun.h"
-#include "Phyllotaxis.h"
-#include "PhyllotaxisIntegration.h"
-#include "SplineNode.h"
 // scene
 #include "Chunk.h"
 #include "ClassicKinds.h"

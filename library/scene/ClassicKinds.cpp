@@ -4,6 +4,7 @@
 
 #include "ClassicLeaf.h"
 #include "ClassicTree.h"
+#include "Attractor.h"
 
 namespace mv {
 
@@ -24,6 +25,7 @@ const std::map<std::string, ClassicKind>& table() {
       {"ClassicHorn", withPath<ClassicHorn>()},
       {"ClassicLeaf", withPath<ClassicLeaf>()},
       {"ClassicTree", withPath<ClassicTree>()},
+      {"Attractor", {[] { return new Attractor(); }, {}, {}}},
   };
   return kinds;
 }
