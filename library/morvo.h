@@ -2,8 +2,10 @@
 //   core      node protocol, parameter sets, messages and progress
 //   curves    expressions, curve parameters, integration, random numbers and noise
 //   geometry  meshes, the geometry stream, polygon output and triangulation, splines
-//   growth    the growth nodes: Branch, Phyllotaxis, and running a node without a host
-//   scene     scene files: chunk format, vocabulary, scene load
+//   growth    the growth nodes: Branch, Phyllotaxis, Hydra, Variation, the spline modifiers
+//             Tropism and Deviation, and running a node without a host
+//   classic   scene graph, classic nodes and the solid primitives
+//   scene     scene files: chunk format, vocabulary, scene load, loader to the classic graph
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -42,6 +44,7 @@
 #include "VariableScope.h"
 
 // geometry
+#include "CurvatureSpline.h"
 #include "EditableMesh.h"
 #include "GeomAttributes.h"
 #include "GeomCommand.h"
@@ -55,21 +58,50 @@
 #include "OGeomStream.h"
 #include "OMesh.h"
 #include "OMeshDummy.h"
+#include "OPolygonStream.h"
 #include "PolylineSpline.h"
 #include "Spline.h"
 #include "SplineData.h"
-#include "OPolygonStream.h"
+#include "SplineFrame.h"
 #include "TexturePolygon.h"
 #include "Triangulation.h"
 
 // growth
 #include "Branch.h"
+#include "Deviation.h"
+#include "Hydra.h"
 #include "NodeRun.h"
 #include "Phyllotaxis.h"
 #include "PhyllotaxisIntegration.h"
 #include "SplineNode.h"
+#include "Tropism.h"
+#include "Variation.h"
+
+// classic
+#include "Attractor.h"
+#include "AttractorPrim.h"
+#include "Box.h"
+#include "ClassicNodeParameters.h"
+#include "ClassicSimple.h"
+#include "ClassicSpline.h"
+#include "Disk.h"
+#include "GridPatch.h"
+#include "Material.h"
+#include "Node.h"
+#include "PhotoTurn.h"
+#include "Plane.h"
+#include "QuarterTurn.h"
+#include "SceneGraph.h"
+#include "SelectionMesh.h"
+#include "Solid.h"
+#include "SolidCone.h"
+#include "SolidCylinder.h"
+#include "SolidParameters.h"
+#include "Sphere.h"
+
 // scene
 #include "Chunk.h"
+#include "ClassicKinds.h"
 #include "MvrCall.h"
 #include "MvrColor.h"
 #include "MvrComponent.h"
@@ -84,6 +116,7 @@
 #include "MvrRange.h"
 #include "MvrReader.h"
 #include "MvrRecordingLoader.h"
+#include "MvrSceneLoader.h"
 #include "MvrTransform.h"
 #include "MvrTreeRecord.h"
 #include "MvrTriple.h"

@@ -22,9 +22,10 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   CommandResult result;
   addCurveCommand(app, result);
+  addInfoCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
-  addInfoCommand(app, result);
+  addRenderCommand(app, result);
 
   try {
     app.parse(argc, argv);

@@ -8,6 +8,7 @@
 #include "DemoPlants.h"
 #include "GlbWriter.h"
 #include "MessageSink.h"
+#include "ModifierDemos.h"
 #include "ObjWriter.h"
 
 namespace {
@@ -17,6 +18,17 @@ bool endsWith(const std::string& text, const std::string& suffix) {
          text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
 
+// Builds the demo of node into mesh and says what it shows.
+std::string buildDemo(const std::string& node, mv::MeshData& mesh) {
+  if (node == "hydra") return buildDemoHydra(mesh);
+  if (node == "tropism") return buildDemoTropism(mesh);
+  if (node == "curvature") return buildDemoCurvature(mesh);
+  const DemoCounts counts = node == "branch" ? buildDemoBranch(mesh) : buildDemoPhyllotaxis(mesh);
+  return node == "branch" ? std::to_string(counts.nodes) + " twigs at the nodes, " +
+                                std::to_string(counts.ends) + " marker at the end"
+                          : std::to_string(counts.elements) + " cones at the elements";
+}
+
 int writeDemo(const std::string& node, const std::string& output) {
   const bool obj = endsWith(output, ".obj");
   if (!obj && !endsWith(output, ".glb")) {
@@ -24,16 +36,12 @@ int writeDemo(const std::string& node, const std::string& output) {
     return 2;
   }
   mv::MeshData mesh;
-  const DemoCounts counts = node == "branch" ? buildDemoBranch(mesh) : buildDemoPhyllotaxis(mesh);
+  const std::string shown = buildDemo(node, mesh);
   const std::vector<mv::ExportMaterial> materials = {{"bark", 0.45, 0.32, 0.2, ""},
                                                      {"leaf", 0.25, 0.6, 0.15, ""}};
   const bool written = obj ? mv::ObjWriter(materials).write(mesh, output)
                            : mv::GlbWriter(materials).write(mesh, output);
   if (!written) return 1;
-  const std::string shown = node == "branch"
-                                ? std::to_string(counts.nodes) + " twigs at the nodes, " +
-                                      std::to_string(counts.ends) + " marker at the end"
-                                : std::to_string(counts.elements) + " cones at the elements";
   mv::messageSink.info("demo " + node + ": " + std::to_string(mesh.getPolygonCount()) +
                        " polygons, " + shown + ", written to " + output);
   return 0;
@@ -47,9 +55,9 @@ void addDemoCommand(CLI::App& app, CommandResult& result) {
                                          "defaults and write it as a mesh");
   auto node = std::make_shared<std::string>();
   auto output = std::make_shared<std::string>();
-  command->add_option("node", *node, "branch or phyllotaxis")
+  command->add_option("node", *node, "branch, phyllotaxis, hydra, tropism or curvature")
       ->required()
-      ->check(CLI::IsMember({"branch", "phyllotaxis"}));
+      ->check(CLI::IsMember({"branch", "phyllotaxis", "hydra", "tropism", "curvature"}));
   command->add_option("-o,--output", *output, "The file to write, .glb or .obj")->required();
   command->callback([node, output, &result] { result.exitCode = writeDemo(*node, *output); });
 }

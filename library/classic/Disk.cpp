@@ -1,0 +1,23 @@
+#include "Disk.h"
+
+#include "ChildRole.h"
+#include "ParameterSet.h"
+#include "SolidParameters.h"
+
+namespace mv {
+
+bool Disk::initParameters(ParameterSet& params, double) {
+  params.setInt(IdSlices, 4);
+  params.setInt(IdStacks, 4);
+  return true;
+}
+
+std::string& Disk::typeName(std::string& out) { return out = "Disk"; }
+
+bool Disk::hasGeometry(ParameterSet&) { return true; }
+
+bool Disk::assignRoles(ParameterSet&, std::vector<int>&, int) { return true; }
+
+int Disk::evaluate(ParameterSet&, OGeomStream&, int, PlacementList&, double) { return RoleOther; }
+
+}  // namespace mv

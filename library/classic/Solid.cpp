@@ -1,0 +1,29 @@
+#include "Solid.h"
+
+#include <cmath>
+
+#include "GridPatch.h"
+#include "ParameterSet.h"
+#include "SolidParameters.h"
+
+namespace mv {
+
+bool Solid::hasGeometry(ParameterSet&) { return true; }
+
+bool Solid::assignRoles(ParameterSet&, std::vector<int>&, int) { return true; }
+
+void Solid::writeRevolution(ParameterSet& params, OGeomStream& stream,
+                            const RevolutionPoint& point) {
+  const int slices = params.getInt(IdSlices);
+  const int stacks = params.getInt(IdStacks);
+  GridPatch::write(stream, slices, stacks, [&](int u, int v) {
+    const double a = -(static_cast<double>(u) / slices) * 2.0 * M_PI;
+    return point(a, static_cast<double>(v) / stacks);
+  });
+}
+
+bool Solid::withinCylinder(const Vector3& point, double radius, double height) {
+  return std::fabs(point.z) <= std::fabs(height) / 2 && std::hypot(point.x, point.y) <= radius;
+}
+
+}  // namespace mv

@@ -1,0 +1,268 @@
+// Whole scene files loaded into the classic graph and rendered to a mesh: counts, bounds, shared
+// children, materials and selections, stand-ins for kinds not built yet, and bad links.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "CapturingMessageHandler.h"
+#include "GeometryExpectations.h"
+#include "MeshExpectations.h"
+#include "MvrSceneLoader.h"
+#include "ParameterSetData.h"
+#include "SceneRendering.h"
+#include "SolidParameters.h"
+#include "Spline.h"
+
+using namespace mv;
+
+namespace {
+
+// Builders of scene file text, one Struct at a time.
+std::string transform(const Vector3& t, const Vector3& r = {}) {
+  std::ostringstream out;
+  out << "Transform {\nScale {1,-1,20} {1,-1,20} {1,-1,20}\n"
+      << "Rotation {" << r.x << ",-3.14,3.14} {" << r.y << ",-3.14,3.14} {" << r.z
+      << ",-3.14,3.14}\n"
+      << "Translation {" << t.x << ",-50,50} {" << t.y << ",-50,50} {" << t.z << ",-50,50}\n}\n";
+  return out.str();
+}
+
+std::string children(std::initializer_list<const char*> names) {
+  std::string text = "Children {\n";
+  for (const char* name : names) text += std::string("\"") + name + "\"\n";
+  return text + "}\n";
+}
+
+std::string component(const std::string& name, const std::string& body) {
+  return "Struct {\nName \"" + name + "\"\n" + body + "}\n";
+}
+
+std::string sceneText(const std::string& structs) {
+  return "Version 0.93\nQueue {\nKeySequence {\nKeyFrame {\nTime 0\nModel {\n" + structs +
+         "}\n}\n}\n}\n";
+}
+
+std::string camera(std::initializer_list<const char*> names) {
+  return component("Camera", children(names) + "Camera {\n}\n");
+}
+
+struct LoadedScene {
+  SceneGraph graph;
+  MvrSceneLoader loader{&graph};
+  bool loaded = false;
+  MeshData mesh;
+};
+
+// Loads text through a file, as a user's load does, and renders the graph.
+void loadScene(const std::string& text, LoadedScene& scene) {
+  const auto path = std::filesystem::temp_directory_path() / "morvo-scene-loader-test.mvr";
+  std::ofstream(path) << text;
+  ParameterSetData settings;
+  scene.loader.initParameters(settings, 1.0);
+  scene.loaded = scene.loader.load(settings, path.string());
+  std::filesystem::remove(path);
+  scene.mesh = renderNode(scene.graph);
+}
+
+Node* childNamed(Node& parent, const std::string& name) {
+  for (Node* child : parent.children()) {
+    if (child->name() == name) return child;
+  }
+  return nullptr;
+}
+
+Vector3 centreOf(const MeshData& mesh, bool positiveX) {
+  Vector3 sum;
+  int count = 0;
+  for (const Vector3& p : mesh.points) {
+    if ((p.x > 0) != positiveX) continue;
+    sum += p;
+    ++count;
+  }
+  return count ? sum / count : sum;
+}
+
+}  // namespace
+
+TEST(MvrSceneLoader, rendersBoxAndSphereWithTheirCountsAndBounds) {
+  CapturingMessageHandler messages;
+  LoadedScene scene;
+  loadScene(sceneText(camera({"Cube", "Ball"}) +
+                      component("Cube", transform({2, 0, 0}) +
+                                            "Primitive {\nType \"Box\"\nResolution 1\n}\n") +
+                      component("Ball", transform({0, 0, 3}) +
+                                            "Primitive {\nType \"Sphere\"\nResolution 2\n}\n")),
+            scene);
+  EXPECT_TRUE(scene.loaded);
+  // A box of 6 quads on 24 points; a sphere of 6 slices by 4 stacks with its seam welded.
+  EXPECT_EQ(scene.mesh.polygons.size(), 6u + 24u);
+  EXPECT_EQ(scene.mesh.points.size(), 24u + 30u);
+  // Each node stands at the inverse of its file transform; the primitives' quarter and half
+  // turns about z act after that, so the box comes to x = +2 and the sphere to z = -3.
+  const Bounds bounds = boundsOf(scene.mesh);
+  expectNear(bounds.low, {-0.5, -0.5, -3.5}, 1e-9);
+  expectNear(bounds.high, {2.5, 0.5, 0.5}, 1e-9);
+  EXPECT_EQ(scene.mesh.selections.at("Cube_Box").size(), 6u);
+  EXPECT_EQ(scene.mesh.selections.at("Ball_Sphere").size(), 24u);
+  EXPECT_TRUE(messages.warnings.empty());
+}
+
+TEST(MvrSceneLoader, sharedChildAppearsOncePerParent) {
+  LoadedScene scene;
+  loadScene(sceneText(camera({"Left", "Right"}) +
+                      component("Left", transform({-2, 0, 0}) + children({"Ball"})) +
+                      component("Right", transform({2, 0, 0}) + children({"Ball"})) +
+                      component("Ball", "Primitive {\nType \"Box\"\nResolution 1\n}\n")),
+            scene);
+  ASSERT_TRUE(scene.loaded);
+  Node* cameraNode = childNamed(scene.graph, "Camera");
+  ASSERT_NE(cameraNode, nullptr);
+  Node* left = childNamed(*cameraNode, "Left");
+  Node* right = childNamed(*cameraNode, "Right");
+  ASSERT_TRUE(left && right);
+  Node* ball = childNamed(*left, "Ball");
+  EXPECT_EQ(ball, childNamed(*right, "Ball"));
+  EXPECT_EQ(ball->useCount(), 2);
+  EXPECT_EQ(scene.mesh.polygons.size(), 12u);
+  EXPECT_EQ(scene.mesh.selections.at("Ball_Box").size(), 12u);
+  // The inverse transforms put Left's copy at +2 and Right's at -2.
+  expectNear(centreOf(scene.mesh, true), {2, 0, 0}, 1e-9);
+  expectNear(centreOf(scene.mesh, false), {-2, 0, 0}, 1e-9);
+}
+
+TEST(MvrSceneLoader, materialsReachPolygonsAndTheGraph) {
+  LoadedScene scene;
+  const std::string gold =
+      "Primitive {\nType \"Box\"\nResolution 1\nUse_GFXColor\nColor \"Gold\"\nGFXColor {\n"
+      "DIFFUSE 0.9,0.7,0.1\n}\n}\n";
+  const std::string bark =
+      "Primitive {\nType \"Sphere\"\nResolution 0\nTexture_Handler 1\nTexture \"Bark\"\n"
+      "Texture_File \"bark.png\"\n}\n";
+  loadScene(sceneText(camera({"Gilded", "Barked", "Plain"}) + component("Gilded", gold) +
+                      component("Barked", bark) +
+                      component("Plain", "Primitive {\nType \"Box\"\nResolution 1\n}\n")),
+            scene);
+  ASSERT_TRUE(scene.loaded);
+  const auto& materials = scene.loader.materialsByIndex;
+  ASSERT_EQ(materials.size(), 2u);
+  EXPECT_EQ(materials.at(1).name, "Barked");
+  EXPECT_EQ(materials.at(1).textureFile, "bark.png");
+  EXPECT_EQ(materials.at(2).name, "Gilded_Gold");
+  EXPECT_FLOAT_EQ(materials.at(2).diffuse.red, 0.9f);
+  EXPECT_EQ(scene.graph.sceneMaterials().size(), 2u);
+  std::map<std::string, std::set<int>> materialsBySelection;
+  for (const auto& [name, polygons] : scene.mesh.selections) {
+    for (uint32_t index : polygons)
+      materialsBySelection[name].insert(scene.mesh.polygons[index].material);
+  }
+  EXPECT_EQ(materialsBySelection.at("Barked_Sphere"), std::set<int>{1});
+  EXPECT_EQ(materialsBySelection.at("Gilded_Box"), std::set<int>{2});
+  EXPECT_EQ(materialsBySelection.at("Plain_Box"), std::set<int>{-1});
+}
+
+TEST(MvrSceneLoader, kindsNotBuiltYetLoadAsPlainGroupsWithOneWarningEach) {
+  CapturingMessageHandler messages;
+  LoadedScene scene;
+  loadScene(
+      sceneText(camera({"Oak", "Elm"}) + component("Oak", "Tree {\n}\n" + children({"Acorn"})) +
+                component("Elm", "Tree {\n}\n") +
+                component("Acorn", "Primitive {\nType \"Box\"\nResolution 1\n}\n")),
+      scene);
+  ASSERT_TRUE(scene.loaded);
+  ASSERT_EQ(messages.warnings.size(), 1u);
+  EXPECT_NE(messages.warnings[0].find("ClassicTree"), std::string::npos);
+  Node* oak = childNamed(*childNamed(scene.graph, "Camera"), "Oak");
+  ASSERT_NE(oak, nullptr);
+  std::string type;
+  EXPECT_EQ(oak->simple()->typeName(type), "ClassicSimple");
+  // Its first child is the empty stand-in for the missing profile.
+  ASSERT_FALSE(oak->children().empty());
+  EXPECT_EQ(oak->children()[0]->name(), "Oak_Undefined");
+  EXPECT_EQ(scene.mesh.selections.at("Acorn_Box").size(), 6u);
+}
+
+TEST(MvrSceneLoader, rootsOutsideTheCameraAreHidden) {
+  LoadedScene scene;
+  loadScene(sceneText(camera({}) + component("Loose", "Primitive {\nType \"Box\"\n}\n")), scene);
+  EXPECT_TRUE(scene.loaded);
+  EXPECT_TRUE(scene.mesh.polygons.empty());
+  ASSERT_NE(childNamed(scene.graph, "Loose"), nullptr);
+  EXPECT_TRUE(childNamed(scene.graph, "Loose")->hidden());
+}
+
+TEST(MvrSceneLoader, aCycleIsCutAndTheRestRenders) {
+  CapturingMessageHandler messages;
+  LoadedScene scene;
+  const std::string box = "Primitive {\nType \"Box\"\nResolution 1\n}\n";
+  loadScene(sceneText(camera({"A"}) + component("A", children({"B"}) + box) +
+                      component("B", children({"A"}) + box)),
+            scene);
+  EXPECT_TRUE(scene.loaded);
+  EXPECT_EQ(scene.mesh.polygons.size(), 12u);
+  EXPECT_FALSE(messages.warnings.empty() && messages.errors.empty());
+}
+
+TEST(MvrSceneLoader, clashingNamesGetACounter) {
+  SceneGraph graph;
+  MvrSceneLoader loader(&graph);
+  EXPECT_EQ(loader.createBox("Cube_Box", Matrix4(), 1.0, 1), "Cube_Box");
+  EXPECT_EQ(loader.createBox("Cube_Box", Matrix4(), 1.0, 1), "Cube_Box_2");
+  EXPECT_EQ(loader.createBox("Cube_Box", Matrix4(), 1.0, 1), "Cube_Box_3");
+  EXPECT_EQ(loader.nodeList.at("Cube_Box_2")->name(), "Cube_Box");
+  loader.releaseUnlinked();
+  EXPECT_TRUE(loader.nodeList.empty());
+}
+
+TEST(MvrSceneLoader, primitivesCarryTheFileValuesAndAnInverseMatrix) {
+  SceneGraph graph;
+  MvrSceneLoader loader(&graph);
+  const Matrix4 matrix = Matrix4::translation({1, 2, 3});
+  loader.createSphere("S", matrix, 0.75, 3);
+  loader.createCone("C", matrix, 2.0, 0.5, 7, 3, 2);
+  loader.createCylinder("Y", matrix, 0.5, 4.0, 5);
+  loader.createPlane("P", matrix, 2, 3.0, 2);
+  loader.createAttractorPrim("A", matrix, 0.1, 2.0, 1);
+  ParameterSetData& sphere = loader.nodeList.at("S")->parameters();
+  EXPECT_EQ(sphere.getInt(IdSlices), 7);
+  EXPECT_EQ(sphere.getInt(IdStacks), 5);
+  EXPECT_DOUBLE_EQ(sphere.getDouble(IdSphereRadius), 0.75);
+  ParameterSetData& cone = loader.nodeList.at("C")->parameters();
+  EXPECT_EQ(cone.getInt(IdSlices), 7);
+  EXPECT_DOUBLE_EQ(cone.getDouble(IdConeHeight), 2.0);
+  EXPECT_EQ(loader.nodeList.at("Y")->parameters().getInt(IdStacks), 5);
+  EXPECT_EQ(loader.nodeList.at("P")->parameters().getInt(IdPlaneFacing), 2);
+  EXPECT_EQ(loader.nodeList.at("A")->parameters().getInt(IdAttractorMode), 1);
+  expectNear(loader.nodeList.at("S")->matrix(), Matrix4::translation({-1, -2, -3}));
+  EXPECT_FALSE(loader.nodeList.at("S")->hidden());
+  EXPECT_EQ(loader.createCircle("O", matrix, 1.0, 8), "O");
+  ASSERT_NE(loader.nodeList.at("O")->spline(), nullptr);
+  EXPECT_EQ(loader.nodeList.at("O")->spline()->getPointCount(), 8u);
+  EXPECT_EQ(loader.nodeList.at("O")->simple(), nullptr);
+  loader.releaseUnlinked();
+}
+
+TEST(MvrSceneLoader, badLinksAndMaterialsAreRefused) {
+  CapturingMessageHandler messages;
+  SceneGraph graph;
+  MvrSceneLoader loader(&graph);
+  loader.createBox("Box", Matrix4(), 1.0, 1);
+  EXPECT_FALSE(loader.insertUnder("Ghost", ""));
+  EXPECT_FALSE(loader.insertUnder("Box", "Ghost"));
+  EXPECT_EQ(messages.debugs.back(), "parent not found in node list");
+  MvrMaterial first, second;
+  first.name = "First";
+  second.name = "Second";
+  EXPECT_FALSE(loader.addMaterial("Ghost", first, {1, 1, 1}, {}, 1));
+  EXPECT_TRUE(loader.addMaterial("Box", first, {1, 1, 1}, {}, 1));
+  EXPECT_TRUE(loader.addMaterial("Box", second, {1, 1, 1}, {}, 1));
+  EXPECT_EQ(loader.materialsByIndex.at(1).name, "First");
+  EXPECT_EQ(graph.sceneMaterials().size(), 2u);
+  EXPECT_EQ(loader.createMesh("Baked", 0, Matrix4(), *std::make_unique<MeshData>(), true), "Baked");
+  EXPECT_FALSE(loader.insertUnder("Baked", ""));
+  EXPECT_EQ(messages.debugs.back(), "object not found in node list");
+  EXPECT_TRUE(loader.insertUnder("Box", ""));
+  EXPECT_FALSE(loader.insertUnder("Box", ""));  // gone from the list once at the root
+  EXPECT_EQ(graph.children().size(), 1u);
+}

@@ -1,0 +1,20 @@
+// SceneRender: a scene file loaded into the classic scene graph and evaluated to one mesh, with
+// a selection per object name and the file's materials by index, as morvo render writes it.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "MeshData.h"
+#include "MvrMaterial.h"
+
+struct RenderedScene {
+  mv::MeshData mesh;
+  std::map<int, mv::MvrMaterial> materials;  // the first material of each index
+  bool loaded = false;                       // the load ran to its end
+  int topObjects = 0;                        // objects that reached the top of the graph
+};
+
+// Loads path with the import scale unit and evaluates it into out. Messages go through
+// messageSink; printTree writes the loaded graph first, at plain level.
+void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out);
