@@ -98,6 +98,21 @@
 #include "SolidCylinder.h"
 #include "SolidParameters.h"
 #include "Sphere.h"
+// classic plants
+#include "ClassicHorn.h"
+#include "ClassicLeaf.h"
+#include "ClassicRoles.h"
+#include "ClassicSweep.h"
+#include "ClassicTree.h"
+#include "ClassicTropism.h"
+#include "ClassicUnit.h"
+#include "CountLimit.h"
+#include "FramePhotoTurn.h"
+#include "HornReading.h"
+#include "TreeFrame.h"
+#include "TreePrune.h"
+#include "TreeSample.h"
+#include "TreeTrunk.h"
 
 // scene
 #include "Chunk.h"

@@ -166,20 +166,17 @@ TEST(MvrSceneLoader, kindsNotBuiltYetLoadAsPlainGroupsWithOneWarningEach) {
   CapturingMessageHandler messages;
   LoadedScene scene;
   loadScene(
-      sceneText(camera({"Oak", "Elm"}) + component("Oak", "Tree {\n}\n" + children({"Acorn"})) +
-                component("Elm", "Tree {\n}\n") +
+      sceneText(camera({"Oak", "Elm"}) + component("Oak", "Hydra {\n}\n" + children({"Acorn"})) +
+                component("Elm", "Hydra {\n}\n") +
                 component("Acorn", "Primitive {\nType \"Box\"\nResolution 1\n}\n")),
       scene);
   ASSERT_TRUE(scene.loaded);
   ASSERT_EQ(messages.warnings.size(), 1u);
-  EXPECT_NE(messages.warnings[0].find("ClassicTree"), std::string::npos);
+  EXPECT_NE(messages.warnings[0].find("ClassicHydra"), std::string::npos);
   Node* oak = childNamed(*childNamed(scene.graph, "Camera"), "Oak");
   ASSERT_NE(oak, nullptr);
   std::string type;
   EXPECT_EQ(oak->simple()->typeName(type), "ClassicSimple");
-  // Its first child is the empty stand-in for the missing profile.
-  ASSERT_FALSE(oak->children().empty());
-  EXPECT_EQ(oak->children()[0]->name(), "Oak_Undefined");
   EXPECT_EQ(scene.mesh.selections.at("Acorn_Box").size(), 6u);
 }
 

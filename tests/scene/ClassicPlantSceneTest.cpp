@@ -1,0 +1,135 @@
+// Classic trees, horns and leaves from scene text, loaded into the classic graph and rendered:
+// polygon counts, bounds, the profile stand-in, and what the branches inherit.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "CapturingMessageHandler.h"
+#include "ClassicTree.h"
+#include "GeometryExpectations.h"
+#include "MeshExpectations.h"
+#include "MvrSceneLoader.h"
+#include "ParameterSetData.h"
+#include "SceneRendering.h"
+
+using namespace mv;
+
+namespace {
+
+std::string knots(const char* block, double first, double last) {
+  std::ostringstream out;
+  out << block << " {\nSize 2\n0," << first << ",0\n1," << last << ",0\n}\n";
+  return out.str();
+}
+
+std::string component(const std::string& name, const std::string& body) {
+  return "Struct {\nName \"" + name + "\"\n" + body + "}\n";
+}
+
+std::string sceneText(const std::string& root, const std::string& structs) {
+  return "Version 0.93\nQueue {\nKeySequence {\nKeyFrame {\nTime 0\nModel {\n" +
+         component("Camera", "Camera {\n}\nChildren {\n\"" + root + "\"\n}\n") + structs +
+         "}\n}\n}\n}\n";
+}
+
+// A straight tree of length 3 with a tube of 8 points and radius 0.25, and leaves at its knots.
+std::string treeScene(const std::string& branches) {
+  return component("Stem",
+                   "Primitive {\nType \"Tube\"\nPoints 8\n}\nTree {\nSegments 10\n"
+                   "Length {3,0.001,20}\nBranch_Num {3,1,100}\n" +
+                       knots("Shape", 0.5, 0.5) + knots("Branchiness", 1, 1) +
+                       knots("Dense", 1, 1) + knots("Deviate", 0, 0) + knots("Kruschtl", 0, 0) +
+                       knots("Scale", 0.6, 0.6) + knots("GeomScale", 1, 1) +
+                       knots("Phototropism", 0, 0) + knots("Gravitropism", 0, 0) + branches +
+                       "}\n");
+}
+
+// A leaf of 4 segments, moving 20 x 0.05 = 1 up z, with a five-point area half a unit wide.
+std::string leafComponent() {
+  return component("Leaf",
+                   "Primitive {\nType \"Area\"\nApplyProfil\nProfil {\nSize 5\n"
+                   "0,0,0\n0.25,0,0\n0.5,0,0\n0.75,0,0\n1,0,0\n}\n}\n"
+                   "Leaf {\nSegments {4,1,100}\nLength {20,0.001,20}\n"
+                   "Shape 1,1,\"id\",0,5\n" +
+                       knots("Phototropism", 0, 0) + knots("Gravitropism", 0, 0) + "}\n");
+}
+
+struct Scene {
+  explicit Scene(const std::string& text) {
+    ParameterSetData settings;
+    loader.initParameters(settings, 1.0);
+    std::istringstream stream(text);
+    loaded = loader.loadStream(settings, stream);
+    loader.releaseUnlinked();
+    mesh = renderNode(graph);
+  }
+  size_t selected(const std::string& name) const {
+    const auto found = mesh.selections.find(name);
+    return found == mesh.selections.end() ? 0 : found->second.size();
+  }
+  SceneGraph graph;
+  MvrSceneLoader loader{&graph};
+  bool loaded = false;
+  MeshData mesh;
+};
+
+}  // namespace
+
+TEST(ClassicPlantScene, treeWithLeavesHasItsTubeAndOneLeafPerKnot) {
+  CapturingMessageHandler messages;
+  const Scene scene(sceneText("Stem", treeScene("Branches {\n\"Leaf\"\n}\n") + leafComponent()));
+  ASSERT_TRUE(scene.loaded);
+  EXPECT_TRUE(messages.warnings.empty());
+  // 8 columns by 9 intervals of samples; three knots below the top, 4 x 4 quads a leaf.
+  EXPECT_EQ(scene.selected("Stem"), 72u);
+  EXPECT_EQ(scene.selected("Leaf"), 3u * 16u);
+  EXPECT_EQ(scene.mesh.polygons.size(), 72u + 48u);
+  const Bounds bounds = boundsOf(scene.mesh);
+  EXPECT_NEAR(bounds.low.z, 0.0, 1e-9);
+  EXPECT_NEAR(bounds.high.z, 3.0, 1e-9);
+  // Leaves of length 1 tilted far from the trunk stick out well beyond its radius of 0.25.
+  EXPECT_GT(std::max({bounds.high.x, bounds.high.y, -bounds.low.x, -bounds.low.y}), 0.8);
+}
+
+TEST(ClassicPlantScene, straightTreeTubeBounds) {
+  const Scene scene(sceneText("Stem", treeScene("")));
+  ASSERT_EQ(scene.mesh.polygons.size(), 72u);
+  const Bounds bounds = boundsOf(scene.mesh);
+  expectNear(bounds.low, {-0.25, -0.25, 0}, 1e-9);
+  expectNear(bounds.high, {0.25, 0.25, 3}, 1e-9);
+  // The tree without branches still has its profile as first child.
+  Node* stem = scene.graph.children().at(0)->children().at(0);
+  EXPECT_EQ(stem->children().at(0)->name(), "Stem_Tube");
+}
+
+TEST(ClassicPlantScene, treeWithoutPrimitiveGetsAnEmptyProfile) {
+  const Scene scene(sceneText("Bare", component("Bare", "Tree {\n}\n")));
+  ASSERT_TRUE(scene.loaded);
+  Node* bare = scene.graph.children().at(0)->children().at(0);
+  ASSERT_FALSE(bare->children().empty());
+  EXPECT_EQ(bare->children()[0]->name(), "Bare_Undefined");
+  EXPECT_TRUE(scene.mesh.polygons.empty());
+}
+
+TEST(ClassicPlantScene, leafOutlineClosesAtItsTip) {
+  const Scene scene(sceneText("Leaf", leafComponent()));
+  ASSERT_EQ(scene.mesh.polygons.size(), 16u);
+  const Bounds bounds = boundsOf(scene.mesh);
+  EXPECT_NEAR(bounds.high.z - bounds.low.z, 1.0, 1e-9);
+  EXPECT_NEAR(bounds.high.x - bounds.low.x, 0.5, 1e-9);
+}
+
+TEST(ClassicPlantScene, hornPlacesElementsEveryStepsAndItsTop) {
+  const std::string horn =
+      component("Horn",
+                "Primitive {\nType \"Tube\"\nPoints 8\n}\nHorn {\nSegments 9\nMoveScale 1\n"
+                "Length {2,0.001,20}\nShape 0.5,0.5,\"id\",0,5\nSteps 3,3,\"id\",1,200\n"
+                "Ribs {\n\"Ring\"\n}\n}\nChildren {\n\"Tip\"\n}\n");
+  const std::string ring = component("Ring", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
+  const std::string tip = component("Tip", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
+  const Scene scene(sceneText("Horn", horn + ring + tip));
+  EXPECT_EQ(scene.selected("Horn"), 8u * 9u);
+  EXPECT_EQ(scene.selected("Ring_Box"), 3u * 6u);
+  EXPECT_EQ(scene.selected("Tip_Box"), 6u);
+}
