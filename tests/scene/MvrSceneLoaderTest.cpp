@@ -179,6 +179,70 @@ TEST(MvrSceneLoader, arrangersLoadAsTheirOwnClassesWithoutWarnings) {
   EXPECT_EQ(scene.mesh.selections.at("Acorn_Box").size(), 6u * 10u);  // the file default of 10
 }
 
+namespace {
+
+// A box of unit size under a lattice of the given control points.
+std::string latticeOverBox(const std::string& points, int count) {
+  return sceneText(camera({"Lattice"}) +
+                   component("Lattice", "HyperPatch {\nPatch_Points {\nSize " +
+                                            std::to_string(count) + "\n" + points + "}\n}\n" +
+                                            children({"Cube"})) +
+                   component("Cube", "Primitive {\nType \"Box\"\nResolution 1\n}\n"));
+}
+
+Vector3 highestPoint(const MeshData& mesh) {
+  Vector3 best(0, 0, -1e300);
+  for (const Vector3& p : mesh.points) {
+    if (p.z > best.z) best = p;
+  }
+  return best;
+}
+
+}  // namespace
+
+TEST(MvrSceneLoader, hyperpatchesDeformTheirSubtreeOrWarnAboutTheirLattice) {
+  const std::string corners = "0,0,0\n1,0,0\n0,1,0\n1,1,0\n";
+  const std::string shearedTop = "0.5,0,1\n1.5,0,1\n0.5,1,1\n1.5,1,1\n";
+  CapturingMessageHandler messages;
+  LoadedScene sheared, broken;
+  loadScene(latticeOverBox(corners + shearedTop, 8), sheared);
+  EXPECT_TRUE(messages.warnings.empty());
+  loadScene(latticeOverBox(corners, 4), broken);
+  ASSERT_EQ(messages.warnings.size(), 1u);
+  EXPECT_NE(messages.warnings[0].find("8, 27, 64 or 125"), std::string::npos);
+  ASSERT_FALSE(broken.mesh.points.empty());
+  ASSERT_EQ(sheared.mesh.points.size(), broken.mesh.points.size());
+  // The top of the cube slides by half the lattice side along x; the broken lattice leaves it.
+  const Vector3 top = highestPoint(broken.mesh);
+  EXPECT_NEAR(highestPoint(sheared.mesh).z, top.z, 1e-9);
+  double shift = 0.0;
+  for (size_t i = 0; i < broken.mesh.points.size(); ++i) {
+    const Vector3 d = sheared.mesh.points[i] - broken.mesh.points[i];
+    shift = std::max(shift, d.x);
+    EXPECT_NEAR(d.y, 0.0, 1e-9);
+    EXPECT_NEAR(d.z, 0.0, 1e-9);
+  }
+  EXPECT_GT(shift, 0.1);
+}
+
+TEST(MvrSceneLoader, revosRevolveTheirProfileAndWarnWithoutTwoPoints) {
+  const auto revo = [](const std::string& shape) {
+    return sceneText(
+        camera({"Vase"}) +
+        component("Vase",
+                  "Primitive {\nType \"Tube\"\nPoints 8\n}\nRevo {\nShape {\n" + shape + "}\n}\n"));
+  };
+  CapturingMessageHandler messages;
+  LoadedScene vase, stub;
+  loadScene(revo("Size 3\n0.5,0,0\n1,0,1\n0.5,0,2\n"), vase);
+  EXPECT_TRUE(messages.warnings.empty());
+  EXPECT_EQ(vase.mesh.polygons.size(), 2u * 8u);  // two bands of eight quads
+  loadScene(revo("Size 1\n1,0,0\n"), stub);
+  ASSERT_EQ(messages.warnings.size(), 1u);
+  EXPECT_NE(messages.warnings[0].find("two profile points"), std::string::npos);
+  EXPECT_TRUE(stub.mesh.polygons.empty());
+}
+
 TEST(MvrSceneLoader, rootsOutsideTheCameraAreHidden) {
   LoadedScene scene;
   loadScene(sceneText(camera({}) + component("Loose", "Primitive {\nType \"Box\"\n}\n")), scene);
