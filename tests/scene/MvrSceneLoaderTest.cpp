@@ -243,6 +243,31 @@ TEST(MvrSceneLoader, revosRevolveTheirProfileAndWarnWithoutTwoPoints) {
   EXPECT_TRUE(stub.mesh.polygons.empty());
 }
 
+TEST(MvrSceneLoader, prunesBuildOnlyTheirLastChildAndCutTreesAtTheirSolid) {
+  const std::string tree =
+      "Primitive {\nType \"Tube\"\nPoints 6\n}\nTree {\nVersion 6\nSegments 24\nLength "
+      "{1,0.001,20}\nBranch_Num {8,1,100}\nBranches {\n\"Twig\"\n}\n}\n";
+  const std::string twig =
+      "Primitive {\nType \"Tube\"\nPoints 5\n}\nTree {\nVersion 6\nSegments 12\n}\n";
+  const auto scene = [&](const std::string& top) {
+    return sceneText(camera({top.c_str()}) +
+                     component("Clip",
+                               "Primitive {\nType \"Sphere\"\nResolution 4\n}\nPrune {\n"
+                               "Method 1\n}\n" +
+                                   children({"Bush"})) +
+                     component("Bush", tree) + component("Twig", twig));
+  };
+  LoadedScene pruned, free;
+  loadScene(scene("Clip"), pruned);
+  loadScene(scene("Bush"), free);
+  ASSERT_FALSE(pruned.mesh.polygons.empty());
+  EXPECT_LT(pruned.mesh.polygons.size() * 10, free.mesh.polygons.size());
+  ASSERT_EQ(pruned.mesh.selections.size(), 1u);  // the volume is not drawn
+  EXPECT_EQ(pruned.mesh.selections.begin()->first, "Bush");
+  EXPECT_EQ(pruned.mesh.selections.count("Twig"), 0u);  // no knot lies inside it
+  EXPECT_GT(free.mesh.selections.count("Twig"), 0u);
+}
+
 TEST(MvrSceneLoader, rootsOutsideTheCameraAreHidden) {
   LoadedScene scene;
   loadScene(sceneText(camera({}) + component("Loose", "Primitive {\nType \"Box\"\n}\n")), scene);
