@@ -2,9 +2,17 @@
 
 #include <map>
 
-#include "ClassicLeaf.h"
-#include "ClassicTree.h"
 #include "Attractor.h"
+#include "ClassicHydra.h"
+#include "ClassicHyperpatch.h"
+#include "ClassicLeaf.h"
+#include "ClassicPhiball.h"
+#include "ClassicPrune.h"
+#include "ClassicRevo.h"
+#include "ClassicTree.h"
+#include "ClassicWreath.h"
+#include "MessageSink.h"
+#include "Variation.h"
 
 namespace mv {
 
@@ -20,12 +28,42 @@ ClassicKind withPath() {
           {}};
 }
 
+template <class Kind>
+ClassicKind plain() {
+  return {[]() -> Simple* { return new Kind(); }, {}, {}};
+}
+
+// A profile of fewer than two points makes no surface.
+void setRevoPoints(Simple& simple, const std::vector<Vector3>& points) {
+  if (points.size() < 2) {
+    messageSink.warning("A Revo needs at least two profile points; it has " +
+                        std::to_string(points.size()) + " and makes no surface");
+  }
+  static_cast<ClassicRevo&>(simple).points = points;
+}
+
+// A lattice of another size than 2, 3, 4 or 5 points per axis leaves the mesh as it is.
+void setLatticePoints(Simple& simple, const std::vector<Vector3>& points) {
+  if (ClassicHyperpatch::latticeSide(points.size()) == 0) {
+    messageSink.warning("A Hyperpatch needs 8, 27, 64 or 125 control points; it has " +
+                        std::to_string(points.size()) + " and leaves its objects undeformed");
+  }
+  static_cast<ClassicHyperpatch&>(simple).points = points;
+}
+
 const std::map<std::string, ClassicKind>& table() {
   static const std::map<std::string, ClassicKind> kinds = {
+      {"Attractor", {[] { return new Attractor(); }, {}, {}}},
       {"ClassicHorn", withPath<ClassicHorn>()},
       {"ClassicLeaf", withPath<ClassicLeaf>()},
       {"ClassicTree", withPath<ClassicTree>()},
-      {"Attractor", {[] { return new Attractor(); }, {}, {}}},
+      {"ClassicHydra", plain<ClassicHydra>()},
+      {"ClassicWreath", plain<ClassicWreath>()},
+      {"ClassicPhiball", plain<ClassicPhiball>()},
+      {"ClassicPrune", plain<ClassicPrune>()},
+      {"ClassicRevo", {[] { return new ClassicRevo(); }, {}, setRevoPoints}},
+      {"ClassicHyperpatch", {[] { return new ClassicHyperpatch(); }, {}, setLatticePoints}},
+      {"Variation", plain<Variation>()},
   };
   return kinds;
 }

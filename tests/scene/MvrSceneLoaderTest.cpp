@@ -162,7 +162,7 @@ TEST(MvrSceneLoader, materialsReachPolygonsAndTheGraph) {
   EXPECT_EQ(materialsBySelection.at("Plain_Box"), std::set<int>{-1});
 }
 
-TEST(MvrSceneLoader, kindsNotBuiltYetLoadAsPlainGroupsWithOneWarningEach) {
+TEST(MvrSceneLoader, arrangersLoadAsTheirOwnClassesWithoutWarnings) {
   CapturingMessageHandler messages;
   LoadedScene scene;
   loadScene(
@@ -171,13 +171,101 @@ TEST(MvrSceneLoader, kindsNotBuiltYetLoadAsPlainGroupsWithOneWarningEach) {
                 component("Acorn", "Primitive {\nType \"Box\"\nResolution 1\n}\n")),
       scene);
   ASSERT_TRUE(scene.loaded);
-  ASSERT_EQ(messages.warnings.size(), 1u);
-  EXPECT_NE(messages.warnings[0].find("ClassicHydra"), std::string::npos);
+  EXPECT_TRUE(messages.warnings.empty());
   Node* oak = childNamed(*childNamed(scene.graph, "Camera"), "Oak");
   ASSERT_NE(oak, nullptr);
   std::string type;
-  EXPECT_EQ(oak->simple()->typeName(type), "ClassicSimple");
-  EXPECT_EQ(scene.mesh.selections.at("Acorn_Box").size(), 6u);
+  EXPECT_EQ(oak->simple()->typeName(type), "ClassicHydra");
+  EXPECT_EQ(scene.mesh.selections.at("Acorn_Box").size(), 6u * 10u);  // the file default of 10
+}
+
+namespace {
+
+// A box of unit size under a lattice of the given control points.
+std::string latticeOverBox(const std::string& points, int count) {
+  return sceneText(camera({"Lattice"}) +
+                   component("Lattice", "HyperPatch {\nPatch_Points {\nSize " +
+                                            std::to_string(count) + "\n" + points + "}\n}\n" +
+                                            children({"Cube"})) +
+                   component("Cube", "Primitive {\nType \"Box\"\nResolution 1\n}\n"));
+}
+
+Vector3 highestPoint(const MeshData& mesh) {
+  Vector3 best(0, 0, -1e300);
+  for (const Vector3& p : mesh.points) {
+    if (p.z > best.z) best = p;
+  }
+  return best;
+}
+
+}  // namespace
+
+TEST(MvrSceneLoader, hyperpatchesDeformTheirSubtreeOrWarnAboutTheirLattice) {
+  const std::string corners = "0,0,0\n1,0,0\n0,1,0\n1,1,0\n";
+  const std::string shearedTop = "0.5,0,1\n1.5,0,1\n0.5,1,1\n1.5,1,1\n";
+  CapturingMessageHandler messages;
+  LoadedScene sheared, broken;
+  loadScene(latticeOverBox(corners + shearedTop, 8), sheared);
+  EXPECT_TRUE(messages.warnings.empty());
+  loadScene(latticeOverBox(corners, 4), broken);
+  ASSERT_EQ(messages.warnings.size(), 1u);
+  EXPECT_NE(messages.warnings[0].find("8, 27, 64 or 125"), std::string::npos);
+  ASSERT_FALSE(broken.mesh.points.empty());
+  ASSERT_EQ(sheared.mesh.points.size(), broken.mesh.points.size());
+  // The top of the cube slides by half the lattice side along x; the broken lattice leaves it.
+  const Vector3 top = highestPoint(broken.mesh);
+  EXPECT_NEAR(highestPoint(sheared.mesh).z, top.z, 1e-9);
+  double shift = 0.0;
+  for (size_t i = 0; i < broken.mesh.points.size(); ++i) {
+    const Vector3 d = sheared.mesh.points[i] - broken.mesh.points[i];
+    shift = std::max(shift, d.x);
+    EXPECT_NEAR(d.y, 0.0, 1e-9);
+    EXPECT_NEAR(d.z, 0.0, 1e-9);
+  }
+  EXPECT_GT(shift, 0.1);
+}
+
+TEST(MvrSceneLoader, revosRevolveTheirProfileAndWarnWithoutTwoPoints) {
+  const auto revo = [](const std::string& shape) {
+    return sceneText(
+        camera({"Vase"}) +
+        component("Vase",
+                  "Primitive {\nType \"Tube\"\nPoints 8\n}\nRevo {\nShape {\n" + shape + "}\n}\n"));
+  };
+  CapturingMessageHandler messages;
+  LoadedScene vase, stub;
+  loadScene(revo("Size 3\n0.5,0,0\n1,0,1\n0.5,0,2\n"), vase);
+  EXPECT_TRUE(messages.warnings.empty());
+  EXPECT_EQ(vase.mesh.polygons.size(), 2u * 8u);  // two bands of eight quads
+  loadScene(revo("Size 1\n1,0,0\n"), stub);
+  ASSERT_EQ(messages.warnings.size(), 1u);
+  EXPECT_NE(messages.warnings[0].find("two profile points"), std::string::npos);
+  EXPECT_TRUE(stub.mesh.polygons.empty());
+}
+
+TEST(MvrSceneLoader, prunesBuildOnlyTheirLastChildAndCutTreesAtTheirSolid) {
+  const std::string tree =
+      "Primitive {\nType \"Tube\"\nPoints 6\n}\nTree {\nVersion 6\nSegments 24\nLength "
+      "{1,0.001,20}\nBranch_Num {8,1,100}\nBranches {\n\"Twig\"\n}\n}\n";
+  const std::string twig =
+      "Primitive {\nType \"Tube\"\nPoints 5\n}\nTree {\nVersion 6\nSegments 12\n}\n";
+  const auto scene = [&](const std::string& top) {
+    return sceneText(camera({top.c_str()}) +
+                     component("Clip",
+                               "Primitive {\nType \"Sphere\"\nResolution 4\n}\nPrune {\n"
+                               "Method 1\n}\n" +
+                                   children({"Bush"})) +
+                     component("Bush", tree) + component("Twig", twig));
+  };
+  LoadedScene pruned, free;
+  loadScene(scene("Clip"), pruned);
+  loadScene(scene("Bush"), free);
+  ASSERT_FALSE(pruned.mesh.polygons.empty());
+  EXPECT_LT(pruned.mesh.polygons.size() * 10, free.mesh.polygons.size());
+  ASSERT_EQ(pruned.mesh.selections.size(), 1u);  // the volume is not drawn
+  EXPECT_EQ(pruned.mesh.selections.begin()->first, "Bush");
+  EXPECT_EQ(pruned.mesh.selections.count("Twig"), 0u);  // no knot lies inside it
+  EXPECT_GT(free.mesh.selections.count("Twig"), 0u);
 }
 
 TEST(MvrSceneLoader, rootsOutsideTheCameraAreHidden) {
