@@ -60,8 +60,7 @@ std::vector<mv::ExportMaterial> exportMaterials(const std::map<int, mv::MvrMater
     if (result.size() <= static_cast<size_t>(index))
       result.resize(index + 1, {"Default", 0.6, 0.6, 0.6, ""});
     result[index] = {material.name, material.diffuse.red, material.diffuse.green,
-                     material.diffuse.blue,
-                     material.textureFile.empty() ? material.texture : material.textureFile};
+                     material.diffuse.blue, material.textureFile};
   }
   return result;
 }
