@@ -1,6 +1,7 @@
 // Whole scene files loaded into the classic graph and rendered to a mesh: counts, bounds, shared
 // children, materials and selections, stand-ins for kinds not built yet, and bad links.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -57,7 +58,10 @@ struct LoadedScene {
 
 // Loads text through a file, as a user's load does, and renders the graph.
 void loadScene(const std::string& text, LoadedScene& scene) {
-  const auto path = std::filesystem::temp_directory_path() / "morvo-scene-loader-test.mvr";
+  // One file per test and process: ctest runs the tests of this program side by side.
+  const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+  const auto path = std::filesystem::temp_directory_path() /
+                    ("morvo-" + test + "-" + std::to_string(::getpid()) + ".mvr");
   std::ofstream(path) << text;
   ParameterSetData settings;
   scene.loader.initParameters(settings, 1.0);
