@@ -13,6 +13,7 @@
 #include "BaseNode.h"
 #include "ChildRole.h"
 #include "EHierarchyHelp.h"
+#include "MathConstants.h"
 #include "Matrix4.h"
 #include "MessageHandler.h"
 #include "MessageSink.h"

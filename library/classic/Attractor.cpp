@@ -1,4 +1,5 @@
 #include "Attractor.h"
+#include "MathConstants.h"
 
 #include <cmath>
 #include <string>
@@ -11,8 +12,6 @@
 namespace mv {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // The field's centre in the child's space by attractorMode; another mode keeps the centre of the
 // last acting child before it.

@@ -1,4 +1,5 @@
 #include "ClassicHorn.h"
+#include "MathConstants.h"
 
 #include <cmath>
 
@@ -15,8 +16,6 @@
 namespace mv {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // Frames that keep their axes, at even parameters along the path; the last lies before its end.
 std::vector<TreeFrame> pathFrames(const ClassicSpline& path, double segments) {

@@ -1,4 +1,5 @@
 #include "ClassicHydra.h"
+#include "MathConstants.h"
 
 #include <cmath>
 
@@ -11,11 +12,7 @@
 
 namespace mv {
 
-namespace {
-
-constexpr double kPi = 3.14159265358979323846;
-
-}  // namespace
+namespace {}  // namespace
 
 bool ClassicHydra::initParameters(ParameterSet& params, double size) {
   ClassicSimple::initParameters(params, size);

@@ -1,4 +1,5 @@
 #include "ClassicPhiball.h"
+#include "MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +16,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kGoldenAngle = 3.8832221;
 
 // An element's parameter along the sequence; a single element reads its curves at 0, and the

@@ -1,4 +1,5 @@
 #include "ClassicTree.h"
+#include "MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,7 +21,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kTiny = 1e-8;
 
 // The constant screw of the paired arrangements: half a turn at every knot.

@@ -1,4 +1,5 @@
 #include "ClassicWreath.h"
+#include "MathConstants.h"
 
 #include "ChildRole.h"
 #include "ClassicArrangement.h"
@@ -8,11 +9,7 @@
 
 namespace mv {
 
-namespace {
-
-constexpr double kPi = 3.14159265358979323846;
-
-}  // namespace
+namespace {}  // namespace
 
 bool ClassicWreath::initParameters(ParameterSet& params, double size) {
   ClassicSimple::initParameters(params, size);

@@ -1,4 +1,5 @@
 #include "ValueNoise.h"
+#include "MathConstants.h"
 
 #include <cmath>
 
@@ -7,8 +8,6 @@
 namespace mt {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // Negative lattice points all read the first entry.
 int tableIndex(double k) {

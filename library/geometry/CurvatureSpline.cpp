@@ -1,4 +1,5 @@
 #include "CurvatureSpline.h"
+#include "MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,8 +12,6 @@
 namespace mv {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // The six curves of the walk, read at the previous step's parameter.
 struct WalkCurves {

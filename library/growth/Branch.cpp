@@ -1,12 +1,11 @@
 #include "Branch.h"
+#include "MathConstants.h"
 
 #include "ChildRole.h"
 #include "CurveParam.h"
 
 namespace mv {
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // A curve that is the same everywhere, drawn as two corner points.
 CurveParam constantCurve(double minimum, double maximum, double value) {

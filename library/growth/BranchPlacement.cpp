@@ -8,6 +8,7 @@
 #include "ChildRole.h"
 #include "CurveParam.h"
 #include "CurveParamIntegration.h"
+#include "MathConstants.h"
 #include "MessageSink.h"
 #include "Spline.h"
 
@@ -15,7 +16,6 @@ namespace mv {
 namespace {
 
 constexpr double kZero = 1e-8;
-constexpr double kPi = 3.14159265358979323846;
 
 // Everything the placement step reads before it walks the segments.
 struct BranchInputs {

@@ -1,4 +1,5 @@
 #include "Deviation.h"
+#include "MathConstants.h"
 
 #include <cmath>
 #include <vector>
@@ -13,7 +14,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kZeroIntegral = 1e-6;
 
 // A parameter with a frame: a point of the spline, a node, or a link of the chain.

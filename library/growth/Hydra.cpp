@@ -1,4 +1,5 @@
 #include "Hydra.h"
+#include "MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,8 +12,6 @@
 namespace mv {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 struct HydraCurves {
   const CurveParam* sweep;

@@ -1,4 +1,5 @@
 #include "Phyllotaxis.h"
+#include "MathConstants.h"
 
 #include <cmath>
 #include <string>
@@ -11,8 +12,6 @@
 
 namespace mv {
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 struct PhyllotaxisInputs {
   Spline* profile = nullptr;

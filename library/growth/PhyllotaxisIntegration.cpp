@@ -1,4 +1,5 @@
 #include "PhyllotaxisIntegration.h"
+#include "MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,9 +8,7 @@
 #include "Spline.h"
 
 namespace mv {
-namespace {
-constexpr double kPi = 3.14159265358979323846;
-}  // namespace
+namespace {}  // namespace
 
 PhyllotaxisIntegration::PhyllotaxisIntegration(const Spline* profile) {
   if (!profile) return;

@@ -1,4 +1,5 @@
 #include "MvrLoader.h"
+#include "MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +18,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kGoldenRatio = 1.618033988749895;
 // Counts handed to create operations stay far from the limits of int.
 constexpr int kMaxCount = 1 << 30;
