@@ -2,14 +2,14 @@
 // knot placements) and of a leaf, through the polygon stream into a mesh. Items are polygons.
 #include <benchmark/benchmark.h>
 
-#include "BaseNode.h"
-#include "ChildRole.h"
-#include "ClassicLeaf.h"
-#include "ClassicTree.h"
-#include "MeshData.h"
-#include "OPolygonStream.h"
-#include "ParameterSetData.h"
-#include "SplineData.h"
+#include "classic/ClassicLeaf.h"
+#include "classic/ClassicTree.h"
+#include "core/BaseNode.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
+#include "geometry/SplineData.h"
 
 namespace {
 

@@ -6,13 +6,13 @@
 #include <sstream>
 #include <string>
 
-#include "EHierarchyHelp.h"
-#include "MeshData.h"
-#include "MvrSceneLoader.h"
-#include "OPolygonStream.h"
-#include "ParameterSetData.h"
-#include "SceneGraph.h"
-#include "SelectionMesh.h"
+#include "classic/SceneGraph.h"
+#include "classic/SelectionMesh.h"
+#include "core/EHierarchyHelp.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
+#include "scene/MvrSceneLoader.h"
 
 namespace {
 

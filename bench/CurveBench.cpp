@@ -1,8 +1,8 @@
 // Curve evaluation is read for every point of every element: the hot path of generation.
 #include <benchmark/benchmark.h>
 
-#include "CurveParam.h"
-#include "CurveParamIntegration.h"
+#include "curves/CurveParam.h"
+#include "curves/CurveParamIntegration.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "GeomPrimitiveWriter.h"
-#include "GlbWriter.h"
-#include "MeshData.h"
-#include "OPolygonStream.h"
-#include "ObjWriter.h"
+#include "export/GlbWriter.h"
+#include "export/ObjWriter.h"
+#include "geometry/GeomPrimitiveWriter.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Writing patches through the geometry stream: the token cost every generator pays.
 #include <benchmark/benchmark.h>
 
-#include "CountingGeomStream.h"
+#include "support/CountingGeomStream.h"
 
 namespace {
 

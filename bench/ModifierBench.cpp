@@ -2,17 +2,17 @@
 // mesh through an attractor field.
 #include <benchmark/benchmark.h>
 
-#include "Attractor.h"
-#include "AttractorPrim.h"
-#include "CurvatureSpline.h"
-#include "Deviation.h"
-#include "MeshData.h"
-#include "Node.h"
-#include "ParameterSetData.h"
-#include "PolylineSpline.h"
-#include "SolidParameters.h"
-#include "SplineBuilders.h"
-#include "Tropism.h"
+#include "classic/Attractor.h"
+#include "classic/AttractorPrim.h"
+#include "classic/Node.h"
+#include "classic/SolidParameters.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/CurvatureSpline.h"
+#include "geometry/MeshData.h"
+#include "geometry/PolylineSpline.h"
+#include "growth/Deviation.h"
+#include "growth/Tropism.h"
+#include "support/SplineBuilders.h"
 
 namespace {
 

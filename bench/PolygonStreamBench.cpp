@@ -5,10 +5,10 @@
 #include <cmath>
 #include <vector>
 
-#include "GeomPrimitiveWriter.h"
-#include "MeshData.h"
-#include "OPolygonStream.h"
-#include "Triangulation.h"
+#include "geometry/GeomPrimitiveWriter.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
+#include "geometry/Triangulation.h"
 
 namespace {
 

@@ -2,14 +2,14 @@
 // 100 cells that share one sphere, so 10 000 placements of one node.
 #include <benchmark/benchmark.h>
 
-#include "ClassicSimple.h"
-#include "EHierarchyHelp.h"
-#include "MeshData.h"
-#include "OPolygonStream.h"
-#include "SceneGraph.h"
-#include "SelectionMesh.h"
-#include "SolidParameters.h"
-#include "Sphere.h"
+#include "classic/ClassicSimple.h"
+#include "classic/SceneGraph.h"
+#include "classic/SelectionMesh.h"
+#include "classic/SolidParameters.h"
+#include "classic/Sphere.h"
+#include "core/EHierarchyHelp.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
 
 namespace {
 

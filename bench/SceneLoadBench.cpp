@@ -5,8 +5,8 @@
 #include <sstream>
 #include <string>
 
-#include "MvrRecordingLoader.h"
-#include "ParameterSetData.h"
+#include "curves/ParameterSetData.h"
+#include "scene/MvrRecordingLoader.h"
 
 namespace {
 

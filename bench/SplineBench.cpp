@@ -1,8 +1,8 @@
 // Frames along a path: what a branch pays for each node and each ring of its tube.
 #include <benchmark/benchmark.h>
 
-#include "PolylineSpline.h"
-#include "SplineBuilders.h"
+#include "geometry/PolylineSpline.h"
+#include "support/SplineBuilders.h"
 
 namespace {
 

@@ -3,10 +3,9 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 get_property(library_targets GLOBAL PROPERTY MORVO_LIBRARY_TARGETS)
-get_property(library_headers GLOBAL PROPERTY MORVO_LIBRARY_HEADERS)
 install(TARGETS ${library_targets} morvo_library EXPORT MorvoTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES ${library_headers} ${PROJECT_SOURCE_DIR}/library/morvo.h
+install(FILES ${PROJECT_SOURCE_DIR}/library/morvo.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/morvo)
 install(EXPORT MorvoTargets NAMESPACE Morvo::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Morvo)

@@ -1,3 +1,5 @@
+include(GNUInstallDirs)
+
 # Warning and sanitizer flags shared by every target of the project.
 add_library(morvo_warnings INTERFACE)
 target_compile_options(morvo_warnings INTERFACE -Wall -Wextra $<$<BOOL:${MORVO_WERROR}>:-Werror>)
@@ -18,9 +20,9 @@ function(morvo_add_library name)
   add_library(Morvo::${name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON)
   target_include_directories(${target} PUBLIC
-    $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/library>
     $<INSTALL_INTERFACE:include/morvo>)
   target_link_libraries(${target} PUBLIC ${ARG_DEPENDS} PRIVATE $<BUILD_INTERFACE:morvo_warnings>)
   set_property(GLOBAL APPEND PROPERTY MORVO_LIBRARY_TARGETS ${target})
-  set_property(GLOBAL APPEND PROPERTY MORVO_LIBRARY_HEADERS ${headers})
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/morvo/${name})
 endfunction()

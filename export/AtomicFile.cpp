@@ -1,11 +1,11 @@
-#include "AtomicFile.h"
+#include "export/AtomicFile.h"
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <utility>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "CornerNormals.h"
+#include "export/CornerNormals.h"
 
 #include <cmath>
 

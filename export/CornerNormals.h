@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "IMesh.h"
+#include "geometry/IMesh.h"
 
 namespace mv {
 

@@ -1,9 +1,9 @@
-#include "ExportableMesh.h"
+#include "export/ExportableMesh.h"
 
 #include <cmath>
 #include <limits>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

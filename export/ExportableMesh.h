@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "MeshData.h"
+#include "geometry/MeshData.h"
 
 namespace mv {
 

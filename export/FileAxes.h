@@ -3,7 +3,7 @@
 // sense of every polygon.
 #pragma once
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "GlbWriter.h"
+#include "export/GlbWriter.h"
 
 #include <tiny_gltf.h>
 
@@ -10,11 +10,11 @@
 #include <unordered_map>
 #include <utility>
 
-#include "AtomicFile.h"
-#include "CornerNormals.h"
-#include "ExportableMesh.h"
-#include "FileAxes.h"
-#include "MessageSink.h"
+#include "core/MessageSink.h"
+#include "export/AtomicFile.h"
+#include "export/CornerNormals.h"
+#include "export/ExportableMesh.h"
+#include "export/FileAxes.h"
 
 namespace mv {
 

@@ -17,9 +17,9 @@
 #include <string>
 #include <vector>
 
-#include "ExportMaterial.h"
-#include "MaterialTable.h"
-#include "MeshData.h"
+#include "export/ExportMaterial.h"
+#include "export/MaterialTable.h"
+#include "geometry/MeshData.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "MaterialTable.h"
+#include "export/MaterialTable.h"
 
 #include <string>
 #include <utility>

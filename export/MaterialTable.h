@@ -6,8 +6,8 @@
 #include <set>
 #include <vector>
 
-#include "ExportMaterial.h"
-#include "IMesh.h"
+#include "export/ExportMaterial.h"
+#include "geometry/IMesh.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "ObjWriter.h"
+#include "export/ObjWriter.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -8,9 +8,9 @@
 #include <unordered_map>
 #include <utility>
 
-#include "AtomicFile.h"
-#include "ExportableMesh.h"
-#include "FileAxes.h"
+#include "export/AtomicFile.h"
+#include "export/ExportableMesh.h"
+#include "export/FileAxes.h"
 
 namespace mv {
 

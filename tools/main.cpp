@@ -4,12 +4,12 @@
 #include <exception>
 #include <iostream>
 
-#include "Commands.h"
-#include "ConsoleMessageHandler.h"
-#include "ConsoleProgressHandler.h"
-#include "MessageSink.h"
 #include "MorvoVersion.h"
-#include "ProgressSink.h"
+#include "commands/Commands.h"
+#include "console/ConsoleMessageHandler.h"
+#include "console/ConsoleProgressHandler.h"
+#include "core/MessageSink.h"
+#include "core/ProgressSink.h"
 
 int main(int argc, char** argv) {
   ConsoleMessageHandler messages(std::cerr);

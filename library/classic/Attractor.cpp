@@ -1,13 +1,13 @@
-#include "Attractor.h"
-#include "MathConstants.h"
+#include "classic/Attractor.h"
+#include "core/MathConstants.h"
 
 #include <cmath>
 #include <string>
 
-#include "EditableMesh.h"
-#include "MessageSink.h"
-#include "Node.h"
-#include "SolidParameters.h"
+#include "classic/Node.h"
+#include "classic/SolidParameters.h"
+#include "core/MessageSink.h"
+#include "geometry/EditableMesh.h"
 
 namespace mv {
 

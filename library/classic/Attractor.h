@@ -9,7 +9,7 @@
 // its Node, which the growth layer below does not know. Its children pass through unchanged.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

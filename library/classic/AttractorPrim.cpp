@@ -1,6 +1,6 @@
-#include "AttractorPrim.h"
+#include "classic/AttractorPrim.h"
 
-#include "ChildRole.h"
+#include "core/ChildRole.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // attractor node reads from its child. It writes nothing.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

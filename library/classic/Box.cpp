@@ -1,12 +1,12 @@
-#include "Box.h"
+#include "classic/Box.h"
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "GridPatch.h"
-#include "MessageSink.h"
-#include "ParameterSet.h"
-#include "SolidParameters.h"
+#include "classic/GridPatch.h"
+#include "classic/SolidParameters.h"
+#include "core/ChildRole.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

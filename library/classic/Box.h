@@ -2,7 +2,7 @@
 // through: a box is the one primitive that may carry others.
 #pragma once
 
-#include "Solid.h"
+#include "classic/Solid.h"
 
 namespace mv {
 

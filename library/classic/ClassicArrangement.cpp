@@ -1,7 +1,7 @@
-#include "ClassicArrangement.h"
+#include "classic/ClassicArrangement.h"
 
-#include "ChildRole.h"
-#include "ParameterSet.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

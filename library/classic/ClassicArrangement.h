@@ -3,7 +3,7 @@
 // children.
 #pragma once
 
-#include "PlacementGroup.h"
+#include "core/PlacementGroup.h"
 
 namespace mv {
 

@@ -1,17 +1,17 @@
-#include "ClassicHorn.h"
-#include "MathConstants.h"
+#include "classic/ClassicHorn.h"
+#include "core/MathConstants.h"
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ClassicRoles.h"
-#include "ClassicSweep.h"
-#include "ClassicUnit.h"
-#include "CountLimit.h"
-#include "CurveParam.h"
-#include "HornReading.h"
-#include "ParameterSet.h"
-#include "PhotoTurn.h"
+#include "classic/ClassicRoles.h"
+#include "classic/ClassicSweep.h"
+#include "classic/ClassicUnit.h"
+#include "classic/CountLimit.h"
+#include "classic/HornReading.h"
+#include "classic/PhotoTurn.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -9,10 +9,10 @@
 
 #include <vector>
 
-#include "ClassicNodeParameters.h"
-#include "ClassicSimple.h"
-#include "ClassicSpline.h"
-#include "TreeFrame.h"
+#include "classic/ClassicNodeParameters.h"
+#include "classic/ClassicSimple.h"
+#include "classic/ClassicSpline.h"
+#include "classic/TreeFrame.h"
 
 namespace mv {
 

@@ -1,14 +1,14 @@
-#include "ClassicHydra.h"
-#include "MathConstants.h"
+#include "classic/ClassicHydra.h"
+#include "core/MathConstants.h"
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ClassicArrangement.h"
-#include "ClassicRoles.h"
-#include "CountLimit.h"
-#include "CurveParam.h"
-#include "ParameterSet.h"
+#include "classic/ClassicArrangement.h"
+#include "classic/ClassicRoles.h"
+#include "classic/CountLimit.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -1,10 +1,10 @@
-#include "ClassicHyperpatch.h"
+#include "classic/ClassicHyperpatch.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-#include "EditableMesh.h"
+#include "geometry/EditableMesh.h"
 
 namespace mv {
 

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "ClassicSimple.h"
-#include "Vector3.h"
+#include "classic/ClassicSimple.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -1,14 +1,14 @@
-#include "ClassicLeaf.h"
+#include "classic/ClassicLeaf.h"
 
-#include "ChildRole.h"
-#include "ClassicRoles.h"
-#include "ClassicSweep.h"
-#include "ClassicTropism.h"
-#include "ClassicUnit.h"
-#include "CurveParam.h"
-#include "HornReading.h"
-#include "ParameterSet.h"
-#include "PhotoTurn.h"
+#include "classic/ClassicRoles.h"
+#include "classic/ClassicSweep.h"
+#include "classic/ClassicTropism.h"
+#include "classic/ClassicUnit.h"
+#include "classic/HornReading.h"
+#include "classic/PhotoTurn.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

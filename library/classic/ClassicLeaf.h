@@ -5,7 +5,7 @@
 // once.
 #pragma once
 
-#include "ClassicHorn.h"
+#include "classic/ClassicHorn.h"
 
 namespace mv {
 

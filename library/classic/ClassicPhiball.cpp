@@ -1,16 +1,16 @@
-#include "ClassicPhiball.h"
-#include "MathConstants.h"
+#include "classic/ClassicPhiball.h"
+#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ClassicArrangement.h"
-#include "ClassicRoles.h"
-#include "CountLimit.h"
-#include "CurveParam.h"
-#include "MessageSink.h"
-#include "ParameterSet.h"
+#include "classic/ClassicArrangement.h"
+#include "classic/ClassicRoles.h"
+#include "classic/CountLimit.h"
+#include "core/ChildRole.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -4,8 +4,8 @@
 // elements take more of the band than small ones. Further children are placed once.
 #pragma once
 
-#include "ClassicNodeParameters.h"
-#include "ClassicSimple.h"
+#include "classic/ClassicNodeParameters.h"
+#include "classic/ClassicSimple.h"
 
 namespace mv {
 

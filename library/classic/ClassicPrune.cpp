@@ -1,6 +1,6 @@
-#include "ClassicPrune.h"
+#include "classic/ClassicPrune.h"
 
-#include "ChildRole.h"
+#include "core/ChildRole.h"
 
 namespace mv {
 

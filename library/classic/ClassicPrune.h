@@ -3,8 +3,8 @@
 // pruned content, placed once. The stopping itself is done by the trees below.
 #pragma once
 
-#include "ClassicNodeParameters.h"
-#include "ClassicSimple.h"
+#include "classic/ClassicNodeParameters.h"
+#include "classic/ClassicSimple.h"
 
 namespace mv {
 

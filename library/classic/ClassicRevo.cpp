@@ -1,13 +1,13 @@
-#include "ClassicRevo.h"
+#include "classic/ClassicRevo.h"
 
 #include <map>
 
-#include "ChildRole.h"
-#include "ClassicArrangement.h"
-#include "ClassicRoles.h"
-#include "ClassicSweep.h"
-#include "CurveParam.h"
-#include "ParameterSet.h"
+#include "classic/ClassicArrangement.h"
+#include "classic/ClassicRoles.h"
+#include "classic/ClassicSweep.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

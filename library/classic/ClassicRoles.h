@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "ChildRole.h"
+#include "core/ChildRole.h"
 
 namespace mv {
 

@@ -1,9 +1,9 @@
-#include "ClassicSimple.h"
+#include "classic/ClassicSimple.h"
 
-#include "ChildRole.h"
-#include "CurveParam.h"
-#include "ParameterSet.h"
-#include "PhotoTurn.h"
+#include "classic/PhotoTurn.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -4,7 +4,7 @@
 // whole scene.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "ClassicSpline.h"
+#include "classic/ClassicSpline.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 
 #include <map>
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

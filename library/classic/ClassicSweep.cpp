@@ -1,16 +1,16 @@
-#include "ClassicSweep.h"
+#include "classic/ClassicSweep.h"
 
 #include <algorithm>
 
-#include "BaseNode.h"
-#include "ClassicUnit.h"
-#include "CurveParam.h"
-#include "GridPatch.h"
-#include "OGeomStream.h"
-#include "ParameterSet.h"
-#include "PhotoTurn.h"
-#include "Spline.h"
-#include "SplineData.h"
+#include "classic/ClassicUnit.h"
+#include "classic/GridPatch.h"
+#include "classic/PhotoTurn.h"
+#include "core/BaseNode.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
+#include "geometry/OGeomStream.h"
+#include "geometry/Spline.h"
+#include "geometry/SplineData.h"
 
 namespace mv {
 

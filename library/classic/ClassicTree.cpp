@@ -1,21 +1,21 @@
-#include "ClassicTree.h"
-#include "MathConstants.h"
+#include "classic/ClassicTree.h"
+#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ClassicRoles.h"
-#include "ClassicSweep.h"
-#include "ClassicTropism.h"
-#include "ClassicUnit.h"
-#include "CountLimit.h"
-#include "CurveParam.h"
-#include "FramePhotoTurn.h"
-#include "ParameterSet.h"
-#include "PhotoTurn.h"
-#include "TreePrune.h"
-#include "TreeTrunk.h"
+#include "classic/ClassicRoles.h"
+#include "classic/ClassicSweep.h"
+#include "classic/ClassicTropism.h"
+#include "classic/ClassicUnit.h"
+#include "classic/CountLimit.h"
+#include "classic/FramePhotoTurn.h"
+#include "classic/PhotoTurn.h"
+#include "classic/TreePrune.h"
+#include "classic/TreeTrunk.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -1,9 +1,9 @@
-#include "ClassicTropism.h"
+#include "classic/ClassicTropism.h"
 
 #include <algorithm>
 
-#include "CurveParam.h"
-#include "PhotoTurn.h"
+#include "classic/PhotoTurn.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "TreeFrame.h"
+#include "classic/TreeFrame.h"
 
 namespace mv {
 

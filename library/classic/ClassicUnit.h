@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "Matrix4.h"
+#include "core/Matrix4.h"
 
 namespace mv {
 

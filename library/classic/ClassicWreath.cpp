@@ -1,11 +1,11 @@
-#include "ClassicWreath.h"
-#include "MathConstants.h"
+#include "classic/ClassicWreath.h"
+#include "core/MathConstants.h"
 
-#include "ChildRole.h"
-#include "ClassicArrangement.h"
-#include "ClassicRoles.h"
-#include "CountLimit.h"
-#include "ParameterSet.h"
+#include "classic/ClassicArrangement.h"
+#include "classic/ClassicRoles.h"
+#include "classic/CountLimit.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

@@ -3,8 +3,8 @@
 // Further children are placed once.
 #pragma once
 
-#include "ClassicNodeParameters.h"
-#include "ClassicSimple.h"
+#include "classic/ClassicNodeParameters.h"
+#include "classic/ClassicSimple.h"
 
 namespace mv {
 

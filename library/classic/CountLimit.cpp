@@ -1,8 +1,8 @@
-#include "CountLimit.h"
+#include "classic/CountLimit.h"
 
 #include <cmath>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

@@ -1,8 +1,8 @@
-#include "Disk.h"
+#include "classic/Disk.h"
 
-#include "ChildRole.h"
-#include "ParameterSet.h"
-#include "SolidParameters.h"
+#include "classic/SolidParameters.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

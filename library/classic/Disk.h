@@ -1,7 +1,7 @@
 // Disk: a flat disk of a scene file. It only stores its radius: a disk leaves no surface.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

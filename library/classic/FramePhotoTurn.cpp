@@ -1,9 +1,9 @@
-#include "FramePhotoTurn.h"
+#include "classic/FramePhotoTurn.h"
 
 #include <cmath>
 
-#include "PhotoTurn.h"
-#include "QuarterTurn.h"
+#include "classic/PhotoTurn.h"
+#include "classic/QuarterTurn.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // further up leans further toward the light (or, with a negative strength, a little away).
 #pragma once
 
-#include "Matrix4.h"
+#include "core/Matrix4.h"
 
 namespace mv {
 

@@ -1,8 +1,8 @@
-#include "GridPatch.h"
+#include "classic/GridPatch.h"
 
 #include <string>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

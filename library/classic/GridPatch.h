@@ -5,8 +5,8 @@
 
 #include <functional>
 
-#include "OGeomStream.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "geometry/OGeomStream.h"
 
 namespace mv {
 

@@ -1,7 +1,7 @@
-#include "HornReading.h"
+#include "classic/HornReading.h"
 
-#include "ClassicUnit.h"
-#include "ParameterSet.h"
+#include "classic/ClassicUnit.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

@@ -2,8 +2,8 @@
 // that the nodes need: the numbers first, then the curves, of which a missing one reads null.
 #pragma once
 
-#include "ClassicHorn.h"
-#include "Matrix4.h"
+#include "classic/ClassicHorn.h"
+#include "core/Matrix4.h"
 
 namespace mv {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

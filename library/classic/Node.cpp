@@ -1,17 +1,17 @@
-#include "Node.h"
+#include "classic/Node.h"
 
 #include <algorithm>
 #include <cmath>
 #include <memory>
 #include <new>
 
-#include "ChildRole.h"
-#include "MeshData.h"
-#include "MessageSink.h"
-#include "OMeshDummy.h"
-#include "OPolygonStream.h"
-#include "ProgressHandler.h"
-#include "Spline.h"
+#include "core/ChildRole.h"
+#include "core/MessageSink.h"
+#include "core/ProgressHandler.h"
+#include "geometry/MeshData.h"
+#include "geometry/OMeshDummy.h"
+#include "geometry/OPolygonStream.h"
+#include "geometry/Spline.h"
 
 namespace mv {
 

@@ -9,11 +9,11 @@
 #include <unordered_set>
 #include <vector>
 
-#include "BaseNode.h"
-#include "EHierarchyHelp.h"
-#include "OGeomStream.h"
-#include "ParameterSetData.h"
-#include "Simple.h"
+#include "core/BaseNode.h"
+#include "core/EHierarchyHelp.h"
+#include "core/Simple.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/OGeomStream.h"
 
 namespace mv {
 

@@ -1,9 +1,9 @@
-#include "PhotoTurn.h"
+#include "classic/PhotoTurn.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "QuarterTurn.h"
+#include "classic/QuarterTurn.h"
 
 namespace mv {
 

@@ -3,8 +3,8 @@
 // use turnTowards and blendMatrices directly as well.
 #pragma once
 
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -1,10 +1,10 @@
-#include "Plane.h"
+#include "classic/Plane.h"
 
-#include "ChildRole.h"
-#include "GridPatch.h"
-#include "ParameterSet.h"
-#include "QuarterTurn.h"
-#include "SolidParameters.h"
+#include "classic/GridPatch.h"
+#include "classic/QuarterTurn.h"
+#include "classic/SolidParameters.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // grid of slices by stacks cells.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "SceneGraph.h"
+#include "classic/SceneGraph.h"
 
 namespace mv {
 

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "Material.h"
-#include "Node.h"
+#include "classic/Material.h"
+#include "classic/Node.h"
 
 namespace mv {
 

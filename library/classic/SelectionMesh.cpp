@@ -1,4 +1,4 @@
-#include "SelectionMesh.h"
+#include "classic/SelectionMesh.h"
 
 namespace mv {
 

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "MeshData.h"
-#include "OBaseGeomStream.h"
-#include "OMesh.h"
+#include "geometry/MeshData.h"
+#include "geometry/OBaseGeomStream.h"
+#include "geometry/OMesh.h"
 
 namespace mv {
 

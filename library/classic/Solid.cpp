@@ -1,10 +1,10 @@
-#include "Solid.h"
+#include "classic/Solid.h"
 
 #include <cmath>
 
-#include "GridPatch.h"
-#include "ParameterSet.h"
-#include "SolidParameters.h"
+#include "classic/GridPatch.h"
+#include "classic/SolidParameters.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

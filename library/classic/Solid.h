@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "Simple.h"
-#include "Vector3.h"
+#include "core/Simple.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -1,10 +1,10 @@
-#include "SolidCone.h"
+#include "classic/SolidCone.h"
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ParameterSet.h"
-#include "SolidParameters.h"
+#include "classic/SolidParameters.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // (-z), a point at +z. It has no base disk.
 #pragma once
 
-#include "Solid.h"
+#include "classic/Solid.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // that of the closed cylinder.
 #pragma once
 
-#include "Solid.h"
+#include "classic/Solid.h"
 
 namespace mv {
 

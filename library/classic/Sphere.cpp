@@ -1,10 +1,10 @@
-#include "Sphere.h"
+#include "classic/Sphere.h"
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ParameterSet.h"
-#include "SolidParameters.h"
+#include "classic/SolidParameters.h"
+#include "core/ChildRole.h"
+#include "core/ParameterSet.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // Both poles are full rows of coincident points.
 #pragma once
 
-#include "Solid.h"
+#include "classic/Solid.h"
 
 namespace mv {
 

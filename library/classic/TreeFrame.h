@@ -2,7 +2,7 @@
 // matrix that carries a profile point to its place there. Chains hold them in order of rising x.
 #pragma once
 
-#include "Matrix4.h"
+#include "core/Matrix4.h"
 
 namespace mv {
 

@@ -1,7 +1,7 @@
-#include "TreePrune.h"
+#include "classic/TreePrune.h"
 
-#include "Node.h"
-#include "Solid.h"
+#include "classic/Node.h"
+#include "classic/Solid.h"
 
 namespace mv {
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "TreeFrame.h"
+#include "classic/TreeFrame.h"
 
 namespace mv {
 

@@ -1,11 +1,11 @@
-#include "TreeTrunk.h"
+#include "classic/TreeTrunk.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "CountLimit.h"
-#include "CurveParam.h"
-#include "CurveParamIntegration.h"
+#include "classic/CountLimit.h"
+#include "curves/CurveParam.h"
+#include "curves/CurveParamIntegration.h"
 
 namespace mv {
 

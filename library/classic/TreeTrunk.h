@@ -6,9 +6,9 @@
 
 #include <vector>
 
-#include "ClassicSpline.h"
-#include "TreeFrame.h"
-#include "TreeSample.h"
+#include "classic/ClassicSpline.h"
+#include "classic/TreeFrame.h"
+#include "classic/TreeSample.h"
 
 namespace mv {
 

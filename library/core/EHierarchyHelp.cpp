@@ -1,6 +1,6 @@
-#include "EHierarchyHelp.h"
+#include "core/EHierarchyHelp.h"
 
-#include "ProgressSink.h"
+#include "core/ProgressSink.h"
 
 namespace mv {
 

@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "Matrix4.h"
+#include "core/Matrix4.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "Matrix4.h"
+#include "core/Matrix4.h"
 
 #include <algorithm>
 #include <cmath>

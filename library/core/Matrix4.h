@@ -5,7 +5,7 @@
 // newest transform acts first on a point, in the local space of what stands so far.
 #pragma once
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mt {
 

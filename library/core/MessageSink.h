@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "MessageHandler.h"
+#include "core/MessageHandler.h"
 
 namespace mv {
 

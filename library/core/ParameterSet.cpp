@@ -1,6 +1,6 @@
-#include "ParameterSet.h"
+#include "core/ParameterSet.h"
 
-#include "BaseNode.h"
+#include "core/BaseNode.h"
 
 namespace mv {
 

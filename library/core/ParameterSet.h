@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

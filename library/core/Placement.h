@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

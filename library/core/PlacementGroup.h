@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "Placement.h"
+#include "core/Placement.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "ProgressSink.h"
+#include "core/ProgressSink.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // ProgressHandler; with none installed every call is dropped and isCancelled answers false.
 #pragma once
 
-#include "ProgressHandler.h"
+#include "core/ProgressHandler.h"
 
 namespace mv {
 

@@ -1,6 +1,6 @@
-#include "Simple.h"
+#include "core/Simple.h"
 
-#include "ChildRole.h"
+#include "core/ChildRole.h"
 
 namespace mv {
 

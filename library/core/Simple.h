@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "Matrix4.h"
-#include "PlacementGroup.h"
+#include "core/Matrix4.h"
+#include "core/PlacementGroup.h"
 
 namespace mv {
 

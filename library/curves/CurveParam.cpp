@@ -1,11 +1,11 @@
 // Construction, reading and evaluation of CurveParam; the edits are in CurveParamEditing.cpp.
-#include "CurveParam.h"
+#include "curves/CurveParam.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ExprConstant.h"
-#include "MessageSink.h"
+#include "core/MessageSink.h"
+#include "curves/ExprConstant.h"
 
 namespace mv {
 

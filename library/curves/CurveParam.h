@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "CurvePoint.h"
-#include "Expression.h"
+#include "curves/CurvePoint.h"
+#include "curves/Expression.h"
 
 namespace mv {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "CurveParam.h"
-#include "ExprConstant.h"
+#include "curves/CurveParam.h"
+#include "curves/ExprConstant.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "CurveParamIntegration.h"
+#include "curves/CurveParamIntegration.h"
 
 namespace mv {
 

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "CurveParam.h"
-#include "Integration.h"
+#include "curves/CurveParam.h"
+#include "curves/Integration.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "ExprConstant.h"
+#include "curves/ExprConstant.h"
 
 #include <cstdio>
 

@@ -2,7 +2,7 @@
 // digits), so a printed expression need not give back the digits as written.
 #pragma once
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

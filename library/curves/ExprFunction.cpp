@@ -1,7 +1,7 @@
-#include "ExprFunction.h"
+#include "curves/ExprFunction.h"
 
-#include "MersenneTwister.h"
-#include "ValueNoise.h"
+#include "curves/MersenneTwister.h"
+#include "curves/ValueNoise.h"
 
 namespace mv {
 

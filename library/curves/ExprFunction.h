@@ -6,7 +6,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

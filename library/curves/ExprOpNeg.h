@@ -1,7 +1,7 @@
 // ExprOpNeg: unary minus. The sign binds tighter than any operator: "-x^2" is (-x)^2.
 #pragma once
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

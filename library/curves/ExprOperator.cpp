@@ -1,4 +1,4 @@
-#include "ExprOperator.h"
+#include "curves/ExprOperator.h"
 
 #include <cmath>
 

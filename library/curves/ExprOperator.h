@@ -3,7 +3,7 @@
 // point: a division by zero gives an infinity or NaN.
 #pragma once
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

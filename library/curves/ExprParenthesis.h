@@ -2,7 +2,7 @@
 // parentheses for printing and passes the value through.
 #pragma once
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

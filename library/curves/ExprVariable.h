@@ -1,7 +1,7 @@
 // ExprVariable: a one-letter variable of an expression, read from the scope (0.0 when unset).
 #pragma once
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

@@ -1,16 +1,16 @@
-#include "Expression.h"
+#include "curves/Expression.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <vector>
 
-#include "ExprConstant.h"
-#include "ExprFunction.h"
-#include "ExprOpNeg.h"
-#include "ExprOperator.h"
-#include "ExprParenthesis.h"
-#include "ExprVariable.h"
+#include "curves/ExprConstant.h"
+#include "curves/ExprFunction.h"
+#include "curves/ExprOpNeg.h"
+#include "curves/ExprOperator.h"
+#include "curves/ExprParenthesis.h"
+#include "curves/ExprVariable.h"
 
 namespace mv {
 

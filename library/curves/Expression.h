@@ -13,7 +13,7 @@
 #include <set>
 #include <string>
 
-#include "ExpressionAtom.h"
+#include "curves/ExpressionAtom.h"
 
 namespace mv {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "VariableScope.h"
+#include "curves/VariableScope.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "Integration.h"
+#include "curves/Integration.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "MersenneTwister.h"
+#include "curves/MersenneTwister.h"
 
 namespace mt {
 

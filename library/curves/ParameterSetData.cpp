@@ -1,4 +1,4 @@
-#include "ParameterSetData.h"
+#include "curves/ParameterSetData.h"
 
 namespace mv {
 

@@ -10,8 +10,8 @@
 #include <map>
 #include <string>
 
-#include "CurveParam.h"
-#include "ParameterSet.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

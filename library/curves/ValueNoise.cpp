@@ -1,9 +1,9 @@
-#include "ValueNoise.h"
-#include "MathConstants.h"
+#include "curves/ValueNoise.h"
+#include "core/MathConstants.h"
 
 #include <cmath>
 
-#include "MersenneTwister.h"
+#include "curves/MersenneTwister.h"
 
 namespace mt {
 

@@ -4,7 +4,7 @@
 // generator of "rnd". Period 256 for positive x; constant (the first table entry) below -1.
 #pragma once
 
-#include "Noise.h"
+#include "curves/Noise.h"
 
 namespace mt {
 

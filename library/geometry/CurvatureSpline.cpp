@@ -1,13 +1,13 @@
-#include "CurvatureSpline.h"
-#include "MathConstants.h"
+#include "geometry/CurvatureSpline.h"
+#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ChildRole.h"
-#include "CurveParam.h"
-#include "MessageSink.h"
-#include "ParameterSet.h"
+#include "core/ChildRole.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "Simple.h"
-#include "Spline.h"
-#include "SplineFrame.h"
+#include "core/Simple.h"
+#include "geometry/Spline.h"
+#include "geometry/SplineFrame.h"
 
 namespace mv {
 

@@ -1,8 +1,8 @@
 // EditableMesh: a mesh that can be read and written, as modifiers in the scene graph need.
 #pragma once
 
-#include "IMesh.h"
-#include "OMesh.h"
+#include "geometry/IMesh.h"
+#include "geometry/OMesh.h"
 
 namespace mv {
 

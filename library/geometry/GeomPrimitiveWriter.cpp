@@ -1,4 +1,4 @@
-#include "GeomPrimitiveWriter.h"
+#include "geometry/GeomPrimitiveWriter.h"
 
 #include <algorithm>
 

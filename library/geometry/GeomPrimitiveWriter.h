@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "OGeomStream.h"
+#include "geometry/OGeomStream.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "IMesh.h"
+#include "geometry/IMesh.h"
 
 #include <algorithm>
 

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "MeshPolygon.h"
-#include "TexturePolygon.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "geometry/MeshPolygon.h"
+#include "geometry/TexturePolygon.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "MeshData.h"
+#include "geometry/MeshData.h"
 
 #include <exception>
 #include <limits>

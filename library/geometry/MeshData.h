@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "EditableMesh.h"
+#include "geometry/EditableMesh.h"
 
 namespace mv {
 

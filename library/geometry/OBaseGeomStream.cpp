@@ -1,6 +1,6 @@
-#include "OBaseGeomStream.h"
+#include "geometry/OBaseGeomStream.h"
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

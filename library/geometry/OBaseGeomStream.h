@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "GeomAttributes.h"
-#include "OGeomStream.h"
+#include "geometry/GeomAttributes.h"
+#include "geometry/OGeomStream.h"
 
 namespace mv {
 

@@ -14,11 +14,11 @@
 
 #include <string>
 
-#include "GeomCommand.h"
-#include "GeomNormal.h"
-#include "GeomPoint4.h"
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
+#include "geometry/GeomCommand.h"
+#include "geometry/GeomNormal.h"
+#include "geometry/GeomPoint4.h"
 
 namespace mv {
 

@@ -1,6 +1,6 @@
-#include "OMesh.h"
+#include "geometry/OMesh.h"
 
-#include "IMesh.h"
+#include "geometry/IMesh.h"
 
 namespace mv {
 

@@ -6,10 +6,10 @@
 #include <set>
 #include <string>
 
-#include "Matrix4.h"
-#include "MeshPolygon.h"
-#include "TexturePolygon.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
+#include "geometry/MeshPolygon.h"
+#include "geometry/TexturePolygon.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "OMeshDummy.h"
+#include "geometry/OMeshDummy.h"
 
 namespace mv {
 

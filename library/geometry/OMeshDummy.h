@@ -2,7 +2,7 @@
 // step when only its placements are wanted.
 #pragma once
 
-#include "OMesh.h"
+#include "geometry/OMesh.h"
 
 namespace mv {
 

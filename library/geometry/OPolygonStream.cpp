@@ -1,4 +1,4 @@
-#include "OPolygonStream.h"
+#include "geometry/OPolygonStream.h"
 
 #include <algorithm>
 #include <limits>
@@ -6,8 +6,8 @@
 #include <sstream>
 #include <string>
 
-#include "MessageSink.h"
-#include "Triangulation.h"
+#include "core/MessageSink.h"
+#include "geometry/Triangulation.h"
 
 namespace mv {
 

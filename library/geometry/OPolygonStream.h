@@ -25,8 +25,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "OBaseGeomStream.h"
-#include "OMesh.h"
+#include "geometry/OBaseGeomStream.h"
+#include "geometry/OMesh.h"
 
 namespace mv {
 

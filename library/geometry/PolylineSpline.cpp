@@ -1,4 +1,4 @@
-#include "PolylineSpline.h"
+#include "geometry/PolylineSpline.h"
 
 namespace mv {
 

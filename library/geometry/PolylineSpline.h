@@ -3,7 +3,7 @@
 // file be evaluated without a host: getFrame and getAngleFrame then carry the place at t.
 #pragma once
 
-#include "SplineData.h"
+#include "geometry/SplineData.h"
 
 namespace mv {
 

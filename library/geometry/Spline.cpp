@@ -1,4 +1,4 @@
-#include "Spline.h"
+#include "geometry/Spline.h"
 
 #include <algorithm>
 #include <cmath>

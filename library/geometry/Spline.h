@@ -12,8 +12,8 @@
 
 #include <cstdint>
 
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

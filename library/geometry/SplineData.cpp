@@ -1,9 +1,9 @@
-#include "SplineData.h"
+#include "geometry/SplineData.h"
 
 #include <exception>
 #include <string>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "Spline.h"
+#include "geometry/Spline.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // position) and the parameter of the step.
 #pragma once
 
-#include "Matrix4.h"
+#include "core/Matrix4.h"
 
 namespace mv {
 

@@ -2,7 +2,7 @@
 // (x is u, y is v, z is 0). For a triangle the fourth repeats the third.
 #pragma once
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

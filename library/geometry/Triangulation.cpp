@@ -1,11 +1,11 @@
-#include "Triangulation.h"
+#include "geometry/Triangulation.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <new>
 #include <string>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

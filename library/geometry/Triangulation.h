@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -1,8 +1,8 @@
-#include "Branch.h"
-#include "MathConstants.h"
+#include "growth/Branch.h"
+#include "core/MathConstants.h"
 
-#include "ChildRole.h"
-#include "CurveParam.h"
+#include "core/ChildRole.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 namespace {

@@ -3,14 +3,14 @@
 #include <cmath>
 #include <string>
 
-#include "BaseNode.h"
-#include "Branch.h"
-#include "ChildRole.h"
-#include "CurveParam.h"
-#include "CurveParamIntegration.h"
-#include "MathConstants.h"
-#include "MessageSink.h"
-#include "Spline.h"
+#include "core/BaseNode.h"
+#include "core/ChildRole.h"
+#include "core/MathConstants.h"
+#include "core/MessageSink.h"
+#include "curves/CurveParam.h"
+#include "curves/CurveParamIntegration.h"
+#include "geometry/Spline.h"
+#include "growth/Branch.h"
 
 namespace mv {
 namespace {

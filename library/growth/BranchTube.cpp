@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "Branch.h"
-#include "ChildRole.h"
-#include "CurveParam.h"
-#include "OGeomStream.h"
-#include "Spline.h"
+#include "core/ChildRole.h"
+#include "curves/CurveParam.h"
+#include "geometry/OGeomStream.h"
+#include "geometry/Spline.h"
+#include "growth/Branch.h"
 
 namespace mv {
 namespace {

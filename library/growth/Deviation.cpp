@@ -1,14 +1,14 @@
-#include "Deviation.h"
-#include "MathConstants.h"
+#include "growth/Deviation.h"
+#include "core/MathConstants.h"
 
 #include <cmath>
 #include <vector>
 
-#include "CurveParam.h"
-#include "CurveParamIntegration.h"
-#include "MessageSink.h"
-#include "ParameterSet.h"
-#include "Spline.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
+#include "curves/CurveParamIntegration.h"
+#include "geometry/Spline.h"
 
 namespace mv {
 

@@ -6,7 +6,7 @@
 // relative to the last node before it. Without an owning Branch it does nothing, silently.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

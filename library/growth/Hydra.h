@@ -6,7 +6,7 @@
 // Roles: the first child gets 4 and every element, further children 16 and nothing.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

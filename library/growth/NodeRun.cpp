@@ -1,8 +1,8 @@
-#include "NodeRun.h"
+#include "growth/NodeRun.h"
 
 #include <vector>
 
-#include "OPolygonStream.h"
+#include "geometry/OPolygonStream.h"
 
 namespace mv {
 

@@ -4,10 +4,10 @@
 // parameters must already hold what the roles require (profile and path under 1006 and 1007).
 #pragma once
 
-#include "OMesh.h"
-#include "ParameterSet.h"
-#include "PlacementGroup.h"
-#include "Simple.h"
+#include "core/ParameterSet.h"
+#include "core/PlacementGroup.h"
+#include "core/Simple.h"
+#include "geometry/OMesh.h"
 
 namespace mv {
 

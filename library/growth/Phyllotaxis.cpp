@@ -1,14 +1,14 @@
-#include "Phyllotaxis.h"
-#include "MathConstants.h"
+#include "growth/Phyllotaxis.h"
+#include "core/MathConstants.h"
 
 #include <cmath>
 #include <string>
 
-#include "ChildRole.h"
-#include "CurveParam.h"
-#include "MessageSink.h"
-#include "PhyllotaxisIntegration.h"
-#include "Spline.h"
+#include "core/ChildRole.h"
+#include "core/MessageSink.h"
+#include "curves/CurveParam.h"
+#include "geometry/Spline.h"
+#include "growth/PhyllotaxisIntegration.h"
 
 namespace mv {
 namespace {

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "ParameterSet.h"
-#include "Simple.h"
+#include "core/ParameterSet.h"
+#include "core/Simple.h"
 
 namespace mv {
 

@@ -1,11 +1,11 @@
-#include "PhyllotaxisIntegration.h"
-#include "MathConstants.h"
+#include "growth/PhyllotaxisIntegration.h"
+#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
 
-#include "Spline.h"
+#include "geometry/Spline.h"
 
 namespace mv {
 namespace {}  // namespace

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "Integration.h"
+#include "curves/Integration.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "SplineNode.h"
+#include "growth/SplineNode.h"
 
 namespace mv {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "BaseNode.h"
+#include "core/BaseNode.h"
 
 namespace mv {
 

@@ -1,14 +1,14 @@
-#include "Tropism.h"
+#include "growth/Tropism.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "BaseNode.h"
-#include "CurveParam.h"
-#include "CurveParamIntegration.h"
-#include "MessageSink.h"
-#include "ParameterSet.h"
-#include "Spline.h"
+#include "core/BaseNode.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
+#include "curves/CurveParam.h"
+#include "curves/CurveParamIntegration.h"
+#include "geometry/Spline.h"
 
 namespace mv {
 

@@ -6,7 +6,7 @@
 // tangent of a target spline. Writes no geometry, places nothing, draws no random numbers.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

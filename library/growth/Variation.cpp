@@ -1,11 +1,11 @@
-#include "Variation.h"
+#include "growth/Variation.h"
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "MersenneTwister.h"
-#include "MessageSink.h"
-#include "ParameterSet.h"
+#include "core/ChildRole.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
+#include "curves/MersenneTwister.h"
 
 namespace mv {
 

@@ -5,7 +5,7 @@
 // choice is a pure function of the parameters: mode 2 seeds a fresh generator on every call.
 #pragma once
 
-#include "Simple.h"
+#include "core/Simple.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "Chunk.h"
+#include "scene/Chunk.h"
 
 #include <algorithm>
 #include <cstring>

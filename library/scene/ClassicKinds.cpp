@@ -1,18 +1,18 @@
-#include "ClassicKinds.h"
+#include "scene/ClassicKinds.h"
 
 #include <map>
 
-#include "Attractor.h"
-#include "ClassicHydra.h"
-#include "ClassicHyperpatch.h"
-#include "ClassicLeaf.h"
-#include "ClassicPhiball.h"
-#include "ClassicPrune.h"
-#include "ClassicRevo.h"
-#include "ClassicTree.h"
-#include "ClassicWreath.h"
-#include "MessageSink.h"
-#include "Variation.h"
+#include "classic/Attractor.h"
+#include "classic/ClassicHydra.h"
+#include "classic/ClassicHyperpatch.h"
+#include "classic/ClassicLeaf.h"
+#include "classic/ClassicPhiball.h"
+#include "classic/ClassicPrune.h"
+#include "classic/ClassicRevo.h"
+#include "classic/ClassicTree.h"
+#include "classic/ClassicWreath.h"
+#include "core/MessageSink.h"
+#include "growth/Variation.h"
 
 namespace mv {
 

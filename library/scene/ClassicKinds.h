@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "ClassicSpline.h"
-#include "Simple.h"
-#include "Vector3.h"
+#include "classic/ClassicSpline.h"
+#include "core/Simple.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "CurveParam.h"
-#include "MvrHeader.h"
+#include "curves/CurveParam.h"
+#include "scene/MvrHeader.h"
 
 namespace mv {
 

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "MvrPrimitive.h"
-#include "MvrRange.h"
-#include "MvrTransform.h"
-#include "MvrTriple.h"
-#include "MvrTypeData.h"
+#include "scene/MvrPrimitive.h"
+#include "scene/MvrRange.h"
+#include "scene/MvrTransform.h"
+#include "scene/MvrTriple.h"
+#include "scene/MvrTypeData.h"
 
 namespace mv {
 

@@ -1,10 +1,10 @@
-#include "MvrCurveConversion.h"
+#include "scene/MvrCurveConversion.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 namespace mv {
 

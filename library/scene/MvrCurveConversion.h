@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "CurveParam.h"
-#include "MvrHornRecord.h"
-#include "MvrRange.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "curves/CurveParam.h"
+#include "scene/MvrHornRecord.h"
+#include "scene/MvrRange.h"
 
 namespace mv {
 

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-#include "CurveParam.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "curves/CurveParam.h"
 
 namespace mv {
 

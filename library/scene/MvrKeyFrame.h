@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "MvrComponent.h"
+#include "scene/MvrComponent.h"
 
 namespace mv {
 

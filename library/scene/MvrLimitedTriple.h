@@ -2,7 +2,7 @@
 // each axis, written as three brace groups, one per axis.
 #pragma once
 
-#include "Vector3.h"
+#include "core/Vector3.h"
 
 namespace mv {
 

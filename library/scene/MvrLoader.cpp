@@ -1,18 +1,18 @@
-#include "MvrLoader.h"
-#include "MathConstants.h"
+#include "scene/MvrLoader.h"
+#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
 
-#include "Chunk.h"
-#include "MessageSink.h"
-#include "MvrCurveConversion.h"
-#include "MvrReader.h"
-#include "MvrValue.h"
-#include "ParameterSet.h"
-#include "ProgressSink.h"
-#include "SplineData.h"
+#include "core/MessageSink.h"
+#include "core/ParameterSet.h"
+#include "core/ProgressSink.h"
+#include "geometry/SplineData.h"
+#include "scene/Chunk.h"
+#include "scene/MvrCurveConversion.h"
+#include "scene/MvrReader.h"
+#include "scene/MvrValue.h"
 
 namespace mv {
 

@@ -15,14 +15,14 @@
 #include <string>
 #include <vector>
 
-#include "CurveParam.h"
-#include "Matrix4.h"
-#include "MvrComponent.h"
-#include "MvrHeader.h"
-#include "MvrHornRecord.h"
-#include "MvrMaterial.h"
-#include "MvrTreeRecord.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
+#include "curves/CurveParam.h"
+#include "scene/MvrComponent.h"
+#include "scene/MvrHeader.h"
+#include "scene/MvrHornRecord.h"
+#include "scene/MvrMaterial.h"
+#include "scene/MvrTreeRecord.h"
 
 namespace mv {
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "MvrColor.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "scene/MvrColor.h"
 
 namespace mv {
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "MvrColor.h"
-#include "MvrRange.h"
-#include "MvrTransform.h"
-#include "MvrTriple.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "scene/MvrColor.h"
+#include "scene/MvrRange.h"
+#include "scene/MvrTransform.h"
+#include "scene/MvrTriple.h"
 
 namespace mv {
 

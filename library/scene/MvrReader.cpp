@@ -1,11 +1,11 @@
-#include "MvrReader.h"
+#include "scene/MvrReader.h"
 
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include "Chunk.h"
-#include "MvrValue.h"
+#include "scene/Chunk.h"
+#include "scene/MvrValue.h"
 
 namespace mv {
 

@@ -7,8 +7,8 @@
 #include <map>
 #include <string>
 
-#include "MvrComponent.h"
-#include "MvrKeyFrame.h"
+#include "scene/MvrComponent.h"
+#include "scene/MvrKeyFrame.h"
 
 namespace mv {
 

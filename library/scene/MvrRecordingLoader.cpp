@@ -1,9 +1,9 @@
-#include "MvrRecordingLoader.h"
+#include "scene/MvrRecordingLoader.h"
 
 #include <sstream>
 #include <utility>
 
-#include "Spline.h"
+#include "geometry/Spline.h"
 
 namespace mv {
 

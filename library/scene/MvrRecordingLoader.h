@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "MvrCall.h"
-#include "MvrLoader.h"
+#include "scene/MvrCall.h"
+#include "scene/MvrLoader.h"
 
 namespace mv {
 

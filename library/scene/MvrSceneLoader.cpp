@@ -1,23 +1,23 @@
-#include "MvrSceneLoader.h"
+#include "scene/MvrSceneLoader.h"
 
 #include <algorithm>
 #include <new>
 #include <sstream>
 #include <vector>
 
-#include "AttractorPrim.h"
-#include "Box.h"
-#include "ClassicKinds.h"
-#include "ClassicNodeParameters.h"
-#include "ClassicSimple.h"
-#include "Disk.h"
-#include "MessageSink.h"
-#include "Plane.h"
-#include "SolidCone.h"
-#include "SolidCylinder.h"
-#include "SolidParameters.h"
-#include "Sphere.h"
-#include "SplineData.h"
+#include "classic/AttractorPrim.h"
+#include "classic/Box.h"
+#include "classic/ClassicNodeParameters.h"
+#include "classic/ClassicSimple.h"
+#include "classic/Disk.h"
+#include "classic/Plane.h"
+#include "classic/SolidCone.h"
+#include "classic/SolidCylinder.h"
+#include "classic/SolidParameters.h"
+#include "classic/Sphere.h"
+#include "core/MessageSink.h"
+#include "geometry/SplineData.h"
+#include "scene/ClassicKinds.h"
 
 namespace mv {
 

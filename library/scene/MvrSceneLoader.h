@@ -13,8 +13,8 @@
 #include <string>
 #include <utility>
 
-#include "MvrLoader.h"
-#include "SceneGraph.h"
+#include "classic/SceneGraph.h"
+#include "scene/MvrLoader.h"
 
 namespace mv {
 

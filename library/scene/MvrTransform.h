@@ -2,7 +2,7 @@
 // and translation, each with per-axis limits.
 #pragma once
 
-#include "MvrLimitedTriple.h"
+#include "scene/MvrLimitedTriple.h"
 
 namespace mv {
 

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "CurveParam.h"
-#include "MvrHornRecord.h"
+#include "curves/CurveParam.h"
+#include "scene/MvrHornRecord.h"
 
 namespace mv {
 

@@ -1,4 +1,4 @@
-#include "MvrValue.h"
+#include "scene/MvrValue.h"
 
 #include <algorithm>
 #include <cctype>
@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "Chunk.h"
+#include "scene/Chunk.h"
 
 namespace mv {
 

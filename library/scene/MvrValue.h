@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "MvrLimitedTriple.h"
-#include "MvrRange.h"
-#include "MvrTriple.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "scene/MvrLimitedTriple.h"
+#include "scene/MvrRange.h"
+#include "scene/MvrTriple.h"
 
 namespace mv {
 

@@ -5,17 +5,17 @@
 #include <cmath>
 #include <memory>
 
-#include "Attractor.h"
-#include "AttractorPrim.h"
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "ClassicKinds.h"
-#include "GeometryExpectations.h"
-#include "GridPatch.h"
-#include "MeshData.h"
-#include "SceneGraph.h"
-#include "SceneRendering.h"
-#include "SolidParameters.h"
+#include "classic/Attractor.h"
+#include "classic/AttractorPrim.h"
+#include "classic/GridPatch.h"
+#include "classic/SceneGraph.h"
+#include "classic/SolidParameters.h"
+#include "core/ChildRole.h"
+#include "geometry/MeshData.h"
+#include "scene/ClassicKinds.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/SceneRendering.h"
 
 using namespace mv;
 

@@ -4,15 +4,15 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "ClassicHydra.h"
-#include "ClassicPhiball.h"
-#include "ClassicWreath.h"
-#include "CurveParam.h"
-#include "GeometryExpectations.h"
-#include "ParameterSetData.h"
-#include "PatchRecorder.h"
+#include "classic/ClassicHydra.h"
+#include "classic/ClassicPhiball.h"
+#include "classic/ClassicWreath.h"
+#include "core/ChildRole.h"
+#include "curves/CurveParam.h"
+#include "curves/ParameterSetData.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/PatchRecorder.h"
 
 using namespace mv;
 

@@ -4,14 +4,14 @@
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ClassicSimple.h"
-#include "ClassicSpline.h"
-#include "CurveParam.h"
-#include "GeometryExpectations.h"
-#include "ParameterSetData.h"
-#include "PatchRecorder.h"
-#include "PhotoTurn.h"
+#include "classic/ClassicSimple.h"
+#include "classic/ClassicSpline.h"
+#include "classic/PhotoTurn.h"
+#include "core/ChildRole.h"
+#include "curves/CurveParam.h"
+#include "curves/ParameterSetData.h"
+#include "support/GeometryExpectations.h"
+#include "support/PatchRecorder.h"
 
 using namespace mv;
 

@@ -4,14 +4,14 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "ClassicLeaf.h"
-#include "CurveParam.h"
-#include "GeometryExpectations.h"
-#include "ParameterSetData.h"
-#include "PatchRecorder.h"
-#include "ProfileNode.h"
+#include "classic/ClassicLeaf.h"
+#include "core/ChildRole.h"
+#include "curves/CurveParam.h"
+#include "curves/ParameterSetData.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/PatchRecorder.h"
+#include "support/ProfileNode.h"
 
 using namespace mv;
 

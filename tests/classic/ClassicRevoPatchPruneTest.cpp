@@ -4,15 +4,15 @@
 
 #include <cmath>
 
-#include "ChildRole.h"
-#include "ClassicHyperpatch.h"
-#include "ClassicPrune.h"
-#include "ClassicRevo.h"
-#include "GeometryExpectations.h"
-#include "MeshData.h"
-#include "ParameterSetData.h"
-#include "PatchRecorder.h"
-#include "ProfileNode.h"
+#include "classic/ClassicHyperpatch.h"
+#include "classic/ClassicPrune.h"
+#include "classic/ClassicRevo.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/MeshData.h"
+#include "support/GeometryExpectations.h"
+#include "support/PatchRecorder.h"
+#include "support/ProfileNode.h"
 
 using namespace mv;
 

@@ -4,18 +4,18 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "ClassicSimple.h"
-#include "ClassicTree.h"
-#include "CurveParam.h"
-#include "GeometryExpectations.h"
-#include "Node.h"
-#include "ParameterSetData.h"
-#include "PatchRecorder.h"
-#include "ProfileNode.h"
-#include "SolidParameters.h"
-#include "Sphere.h"
+#include "classic/ClassicSimple.h"
+#include "classic/ClassicTree.h"
+#include "classic/Node.h"
+#include "classic/SolidParameters.h"
+#include "classic/Sphere.h"
+#include "core/ChildRole.h"
+#include "curves/CurveParam.h"
+#include "curves/ParameterSetData.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/PatchRecorder.h"
+#include "support/ProfileNode.h"
 
 using namespace mv;
 

@@ -4,17 +4,17 @@
 
 #include <cstdint>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "ClassicSimple.h"
-#include "CountingGeomStream.h"
-#include "GeometryExpectations.h"
-#include "GridPatch.h"
-#include "MeshExpectations.h"
-#include "ParameterSetData.h"
-#include "ProgressHandler.h"
-#include "SceneGraph.h"
-#include "SceneRendering.h"
+#include "classic/ClassicSimple.h"
+#include "classic/GridPatch.h"
+#include "classic/SceneGraph.h"
+#include "core/ChildRole.h"
+#include "core/ProgressHandler.h"
+#include "curves/ParameterSetData.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/CountingGeomStream.h"
+#include "support/GeometryExpectations.h"
+#include "support/MeshExpectations.h"
+#include "support/SceneRendering.h"
 
 using namespace mv;
 

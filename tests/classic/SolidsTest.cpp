@@ -3,21 +3,21 @@
 
 #include <cmath>
 
-#include "AttractorPrim.h"
-#include "Box.h"
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "Disk.h"
-#include "GeometryExpectations.h"
-#include "MeshExpectations.h"
-#include "OPolygonStream.h"
-#include "ParameterSetData.h"
-#include "PatchRecorder.h"
-#include "Plane.h"
-#include "SolidCone.h"
-#include "SolidCylinder.h"
-#include "SolidParameters.h"
-#include "Sphere.h"
+#include "classic/AttractorPrim.h"
+#include "classic/Box.h"
+#include "classic/Disk.h"
+#include "classic/Plane.h"
+#include "classic/SolidCone.h"
+#include "classic/SolidCylinder.h"
+#include "classic/SolidParameters.h"
+#include "classic/Sphere.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/OPolygonStream.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/MeshExpectations.h"
+#include "support/PatchRecorder.h"
 
 using namespace mv;
 

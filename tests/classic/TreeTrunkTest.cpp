@@ -4,14 +4,14 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ClassicSweep.h"
-#include "ClassicTropism.h"
-#include "CurveParam.h"
-#include "GeometryExpectations.h"
-#include "PatchRecorder.h"
-#include "SplineBuilders.h"
-#include "TreeTrunk.h"
+#include "classic/ClassicSweep.h"
+#include "classic/ClassicTropism.h"
+#include "classic/TreeTrunk.h"
+#include "curves/CurveParam.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/PatchRecorder.h"
+#include "support/SplineBuilders.h"
 
 using namespace mv;
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "GeometryExpectations.h"
-#include "Matrix4.h"
+#include "core/Matrix4.h"
+#include "support/GeometryExpectations.h"
 
 using mv::Matrix4;
 using mv::Vector3;

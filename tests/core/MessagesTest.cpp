@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "CapturingMessageHandler.h"
-#include "ProgressSink.h"
+#include "core/ProgressSink.h"
+#include "support/CapturingMessageHandler.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "ChildRole.h"
-#include "CountingGeomStream.h"
-#include "EHierarchyHelp.h"
-#include "ParameterSetData.h"
-#include "Simple.h"
+#include "core/ChildRole.h"
+#include "core/EHierarchyHelp.h"
+#include "core/Simple.h"
+#include "curves/ParameterSetData.h"
+#include "support/CountingGeomStream.h"
 
 TEST(Simple, defaultsNameAndGeometry) {
   mv::Simple node;

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "BaseNode.h"
-#include "MeshData.h"
-#include "ParameterSetData.h"
+#include "core/BaseNode.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/MeshData.h"
 
 namespace {
 

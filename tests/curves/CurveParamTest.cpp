@@ -3,9 +3,9 @@
 #include <cmath>
 #include <random>
 
-#include "CapturingMessageHandler.h"
-#include "CurveParam.h"
-#include "MersenneTwister.h"
+#include "curves/CurveParam.h"
+#include "curves/MersenneTwister.h"
+#include "support/CapturingMessageHandler.h"
 
 namespace {
 

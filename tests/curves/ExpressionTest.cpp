@@ -4,9 +4,9 @@
 #include <random>
 #include <string>
 
-#include "Expression.h"
-#include "MersenneTwister.h"
-#include "ValueNoise.h"
+#include "curves/Expression.h"
+#include "curves/MersenneTwister.h"
+#include "curves/ValueNoise.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "CurveParamIntegration.h"
+#include "curves/CurveParamIntegration.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "GeometryExpectations.h"
-#include "ParameterSetData.h"
+#include "curves/ParameterSetData.h"
+#include "support/GeometryExpectations.h"
 
 TEST(ParameterSetData, fixedIdsAnswerFromMembers) {
   mv::ParameterSetData params;

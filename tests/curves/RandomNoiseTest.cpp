@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "MersenneTwister.h"
-#include "ValueNoise.h"
+#include "curves/MersenneTwister.h"
+#include "curves/ValueNoise.h"
 
 // Reference words and noise values computed by an independent script written from the algorithm
 // (69069 seeding, twist 0x9908B0DF, standard tempering).

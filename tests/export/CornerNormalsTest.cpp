@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "CornerNormals.h"
-#include "GeometryExpectations.h"
-#include "MeshData.h"
+#include "export/CornerNormals.h"
+#include "geometry/MeshData.h"
+#include "support/GeometryExpectations.h"
 
 namespace {
 

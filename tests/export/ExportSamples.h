@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "ExportMaterial.h"
-#include "GeomPrimitiveWriter.h"
-#include "MeshData.h"
-#include "OPolygonStream.h"
+#include "export/ExportMaterial.h"
+#include "geometry/GeomPrimitiveWriter.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
 
 // An outward-facing closed tube around +z (material 0), a concave outline in selection "C1"
 // (material 1) and a quad mesh with one triangle (no material).

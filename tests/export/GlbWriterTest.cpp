@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <set>
 
-#include "CapturingMessageHandler.h"
 #include "ExportSamples.h"
-#include "FileAxes.h"
-#include "GlbWriter.h"
-#include "TestOutput.h"
+#include "export/FileAxes.h"
+#include "export/GlbWriter.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/TestOutput.h"
 
 namespace {
 

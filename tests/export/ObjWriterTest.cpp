@@ -6,12 +6,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "CapturingMessageHandler.h"
 #include "ExportSamples.h"
-#include "FileAxes.h"
-#include "GeometryExpectations.h"
-#include "ObjWriter.h"
-#include "TestOutput.h"
+#include "export/FileAxes.h"
+#include "export/ObjWriter.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/TestOutput.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "SceneFuzzInput.h"
+#include "support/SceneFuzzInput.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   loadSceneBytes(data, size);

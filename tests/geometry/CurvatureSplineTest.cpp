@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "CurvatureSpline.h"
-#include "GeometryExpectations.h"
-#include "ParameterSetData.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/CurvatureSpline.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "CapturingMessageHandler.h"
-#include "CountingGeomStream.h"
-#include "GeometryExpectations.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/CountingGeomStream.h"
+#include "support/GeometryExpectations.h"
 
 using mv::GeomState;
 

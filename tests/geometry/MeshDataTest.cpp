@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "GeometryExpectations.h"
-#include "MeshData.h"
-#include "OMeshDummy.h"
+#include "geometry/MeshData.h"
+#include "geometry/OMeshDummy.h"
+#include "support/GeometryExpectations.h"
 
 using mv::MeshData;
 using mv::MeshPolygon;

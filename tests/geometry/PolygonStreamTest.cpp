@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "CapturingMessageHandler.h"
-#include "GeomPrimitiveWriter.h"
-#include "GeometryExpectations.h"
-#include "MeshData.h"
-#include "MeshExpectations.h"
-#include "OMeshDummy.h"
-#include "OPolygonStream.h"
+#include "geometry/GeomPrimitiveWriter.h"
+#include "geometry/MeshData.h"
+#include "geometry/OMeshDummy.h"
+#include "geometry/OPolygonStream.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/MeshExpectations.h"
 
 using mv::GeomPrimitiveWriter;
 using mv::MeshPolygon;

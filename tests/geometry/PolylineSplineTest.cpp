@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "GeometryExpectations.h"
-#include "PolylineSpline.h"
-#include "SplineBuilders.h"
+#include "geometry/PolylineSpline.h"
+#include "support/GeometryExpectations.h"
+#include "support/SplineBuilders.h"
 
 using mv::PolylineSpline;
 using mv::Vector3;

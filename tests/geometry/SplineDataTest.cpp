@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "GeometryExpectations.h"
-#include "PolylineSpline.h"
-#include "SplineBuilders.h"
+#include "geometry/PolylineSpline.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/SplineBuilders.h"
 
 using mv::Matrix4;
 using mv::SplineData;

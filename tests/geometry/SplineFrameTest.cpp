@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "GeometryExpectations.h"
-#include "PolylineSpline.h"
-#include "SplineBuilders.h"
+#include "geometry/PolylineSpline.h"
+#include "support/GeometryExpectations.h"
+#include "support/SplineBuilders.h"
 
 using mv::Matrix4;
 using mv::PolylineSpline;

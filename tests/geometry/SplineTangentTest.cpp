@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "GeometryExpectations.h"
-#include "SplineBuilders.h"
-#include "SplineData.h"
+#include "geometry/SplineData.h"
+#include "support/GeometryExpectations.h"
+#include "support/SplineBuilders.h"
 
 using mv::SplineData;
 using mv::Vector3;

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "CapturingMessageHandler.h"
-#include "MeshExpectations.h"
-#include "Triangulation.h"
+#include "geometry/Triangulation.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/MeshExpectations.h"
 
 using mv::Vector3;
 

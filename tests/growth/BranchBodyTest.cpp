@@ -4,11 +4,11 @@
 
 #include <cmath>
 
-#include "BaseNode.h"
-#include "Branch.h"
-#include "ChildRole.h"
-#include "GeometryExpectations.h"
-#include "GrowthScene.h"
+#include "core/BaseNode.h"
+#include "core/ChildRole.h"
+#include "growth/Branch.h"
+#include "support/GeometryExpectations.h"
+#include "support/GrowthScene.h"
 
 using mv::Branch;
 using mv::CurveParam;

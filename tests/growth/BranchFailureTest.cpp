@@ -5,10 +5,10 @@
 #include <cmath>
 #include <limits>
 
-#include "Branch.h"
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "GrowthScene.h"
+#include "core/ChildRole.h"
+#include "growth/Branch.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GrowthScene.h"
 
 using mv::Branch;
 using mv::Placement;

@@ -4,12 +4,12 @@
 
 #include <cmath>
 
-#include "Branch.h"
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "GeometryExpectations.h"
-#include "GrowthScene.h"
-#include "MersenneTwister.h"
+#include "core/ChildRole.h"
+#include "curves/MersenneTwister.h"
+#include "growth/Branch.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/GrowthScene.h"
 
 using mv::Branch;
 using mv::CurveParam;

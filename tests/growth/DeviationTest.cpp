@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Branch.h"
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "Deviation.h"
-#include "GeometryExpectations.h"
-#include "GrowthScene.h"
-#include "ParameterSetData.h"
-#include "PolylineSpline.h"
-#include "SplineBuilders.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/PolylineSpline.h"
+#include "growth/Branch.h"
+#include "growth/Deviation.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/GrowthScene.h"
+#include "support/SplineBuilders.h"
 
 namespace {
 

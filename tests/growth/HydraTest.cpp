@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "CountingGeomStream.h"
-#include "GeometryExpectations.h"
-#include "Hydra.h"
-#include "ParameterSetData.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "growth/Hydra.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/CountingGeomStream.h"
+#include "support/GeometryExpectations.h"
 
 namespace {
 

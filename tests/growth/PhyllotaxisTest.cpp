@@ -4,12 +4,12 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "GeometryExpectations.h"
-#include "GrowthScene.h"
-#include "Phyllotaxis.h"
-#include "PhyllotaxisIntegration.h"
+#include "core/ChildRole.h"
+#include "growth/Phyllotaxis.h"
+#include "growth/PhyllotaxisIntegration.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/GrowthScene.h"
 
 using mv::CurveParam;
 using mv::Phyllotaxis;

@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "CapturingMessageHandler.h"
-#include "GeometryExpectations.h"
-#include "ParameterSetData.h"
-#include "SplineBuilders.h"
-#include "StubNode.h"
-#include "Tropism.h"
+#include "curves/ParameterSetData.h"
+#include "growth/Tropism.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/SplineBuilders.h"
+#include "support/StubNode.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "BaseNode.h"
-#include "CapturingMessageHandler.h"
-#include "ChildRole.h"
-#include "MersenneTwister.h"
-#include "ParameterSetData.h"
-#include "StubNode.h"
-#include "Variation.h"
+#include "core/BaseNode.h"
+#include "core/ChildRole.h"
+#include "curves/MersenneTwister.h"
+#include "curves/ParameterSetData.h"
+#include "growth/Variation.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/StubNode.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Chunk.h"
+#include "scene/Chunk.h"
 
 namespace {
 

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <sstream>
 
-#include "CapturingMessageHandler.h"
-#include "ClassicTree.h"
-#include "GeometryExpectations.h"
-#include "MeshExpectations.h"
-#include "MvrSceneLoader.h"
-#include "ParameterSetData.h"
-#include "SceneRendering.h"
+#include "classic/ClassicTree.h"
+#include "curves/ParameterSetData.h"
+#include "scene/MvrSceneLoader.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/MeshExpectations.h"
+#include "support/SceneRendering.h"
 
 using namespace mv;
 

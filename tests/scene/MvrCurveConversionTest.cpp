@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "CapturingMessageHandler.h"
-#include "GeometryExpectations.h"
-#include "MvrCurveConversion.h"
+#include "scene/MvrCurveConversion.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
 
 using mv::MvrCurveConversion;
 

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <random>
 
-#include "CapturingMessageHandler.h"
-#include "SceneFuzzInput.h"
 #include "SceneLoadSupport.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/SceneFuzzInput.h"
 
 namespace {
 

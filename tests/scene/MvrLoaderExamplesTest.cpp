@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "CapturingMessageHandler.h"
 #include "SceneLoadSupport.h"
+#include "support/CapturingMessageHandler.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "CapturingMessageHandler.h"
-#include "GeometryExpectations.h"
-#include "ProgressSink.h"
 #include "SceneLoadSupport.h"
+#include "core/ProgressSink.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "Chunk.h"
-#include "GeometryExpectations.h"
-#include "MvrReader.h"
+#include "scene/Chunk.h"
+#include "scene/MvrReader.h"
+#include "support/GeometryExpectations.h"
 
 using mv::MvrReader;
 

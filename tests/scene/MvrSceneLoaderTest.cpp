@@ -7,14 +7,14 @@
 #include <fstream>
 #include <sstream>
 
-#include "CapturingMessageHandler.h"
-#include "GeometryExpectations.h"
-#include "MeshExpectations.h"
-#include "MvrSceneLoader.h"
-#include "ParameterSetData.h"
-#include "SceneRendering.h"
-#include "SolidParameters.h"
-#include "Spline.h"
+#include "classic/SolidParameters.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/Spline.h"
+#include "scene/MvrSceneLoader.h"
+#include "support/CapturingMessageHandler.h"
+#include "support/GeometryExpectations.h"
+#include "support/MeshExpectations.h"
+#include "support/SceneRendering.h"
 
 using namespace mv;
 

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <sstream>
 
-#include "Chunk.h"
-#include "GeometryExpectations.h"
-#include "MvrValue.h"
+#include "scene/Chunk.h"
+#include "scene/MvrValue.h"
+#include "support/GeometryExpectations.h"
 
 using mv::MvrValue;
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "MvrRecordingLoader.h"
-#include "ParameterSetData.h"
+#include "curves/ParameterSetData.h"
+#include "scene/MvrRecordingLoader.h"
 
 using CallRow = std::array<std::string, 3>;  // operation, created name (or object), parent
 

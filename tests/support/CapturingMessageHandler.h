@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "MessageSink.h"
+#include "core/MessageSink.h"
 
 class CapturingMessageHandler : public mv::MessageHandler {
  public:

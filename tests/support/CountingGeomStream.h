@@ -2,7 +2,7 @@
 // and counts the points it is given, for tests of the protocol and for benchmarks.
 #pragma once
 
-#include "OBaseGeomStream.h"
+#include "geometry/OBaseGeomStream.h"
 
 class CountingGeomStream : public mv::OBaseGeomStream {
  public:

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Matrix4.h"
-#include "Vector3.h"
+#include "core/Matrix4.h"
+#include "core/Vector3.h"
 
 inline void expectNear(const mv::Vector3& actual, const mv::Vector3& expected,
                        double tolerance = 1e-12) {

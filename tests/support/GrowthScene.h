@@ -7,12 +7,12 @@
 
 #include <vector>
 
-#include "MeshData.h"
-#include "NodeRun.h"
-#include "ParameterSetData.h"
-#include "PolylineSpline.h"
-#include "SplineBuilders.h"
-#include "SplineNode.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/MeshData.h"
+#include "geometry/PolylineSpline.h"
+#include "growth/NodeRun.h"
+#include "growth/SplineNode.h"
+#include "support/SplineBuilders.h"
 
 struct GrowthRun {
   mv::MeshData mesh;

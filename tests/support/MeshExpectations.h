@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "MeshData.h"
-#include "Vector3.h"
+#include "core/Vector3.h"
+#include "geometry/MeshData.h"
 
 // Newell's normal of a polygon, not normalised; a triangle (c == d) counts its corners once.
 inline mv::Vector3 polygonNormal(const mv::MeshData& mesh, const mv::MeshPolygon& polygon) {

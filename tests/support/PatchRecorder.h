@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "OBaseGeomStream.h"
+#include "geometry/OBaseGeomStream.h"
 
 class PatchRecorder : public mv::OBaseGeomStream {
  public:

@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "BaseNode.h"
-#include "SplineBuilders.h"
-#include "SplineData.h"
+#include "core/BaseNode.h"
+#include "geometry/SplineData.h"
+#include "support/SplineBuilders.h"
 
 class ProfileNode : public mv::BaseNode {
  public:

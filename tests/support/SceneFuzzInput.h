@@ -7,8 +7,8 @@
 #include <sstream>
 #include <string>
 
-#include "MvrRecordingLoader.h"
-#include "ParameterSetData.h"
+#include "curves/ParameterSetData.h"
+#include "scene/MvrRecordingLoader.h"
 
 inline bool loadSceneBytes(const std::uint8_t* data, std::size_t size) {
   mv::ParameterSetData settings;

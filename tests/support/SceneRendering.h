@@ -2,11 +2,11 @@
 // selections kept, as the tests of the classic graph and of the scene loader need it.
 #pragma once
 
-#include "EHierarchyHelp.h"
-#include "MeshData.h"
-#include "Node.h"
-#include "OPolygonStream.h"
-#include "SelectionMesh.h"
+#include "classic/Node.h"
+#include "classic/SelectionMesh.h"
+#include "core/EHierarchyHelp.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
 
 inline void renderNode(mv::Node& root, mv::MeshData& mesh, mv::EHierarchyHelp& help) {
   mv::SelectionMesh selecting(mesh);

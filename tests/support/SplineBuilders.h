@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "SplineData.h"
+#include "geometry/SplineData.h"
 
 // Appends one segment. Its t runs i / (n - 1), as a scene file stores it, unless ts is given.
 inline void appendSegment(mv::SplineData& spline, const std::vector<mv::Vector3>& positions,

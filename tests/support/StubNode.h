@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "BaseNode.h"
-#include "Spline.h"
+#include "core/BaseNode.h"
+#include "geometry/Spline.h"
 
 class StubNode : public mv::BaseNode {
  public:

@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "ConsoleMessageHandler.h"
-#include "ConsoleProgressHandler.h"
+#include "console/ConsoleMessageHandler.h"
+#include "console/ConsoleProgressHandler.h"
 
 TEST(ConsoleMessageHandler, prefixesEachKindOnItsOwnLine) {
   std::ostringstream out;

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "DemoPlants.h"
+#include "commands/DemoPlants.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <set>
 
-#include "CapturingMessageHandler.h"
-#include "SceneRender.h"
+#include "commands/SceneRender.h"
+#include "support/CapturingMessageHandler.h"
 
 namespace {
 

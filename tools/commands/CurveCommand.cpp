@@ -5,8 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "Commands.h"
-#include "CurveParam.h"
+#include "commands/Commands.h"
+#include "curves/CurveParam.h"
 
 namespace {
 

@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "Commands.h"
-#include "DemoPlants.h"
-#include "GlbWriter.h"
-#include "MessageSink.h"
-#include "ModifierDemos.h"
-#include "ObjWriter.h"
+#include "commands/Commands.h"
+#include "commands/DemoPlants.h"
+#include "commands/ModifierDemos.h"
+#include "core/MessageSink.h"
+#include "export/GlbWriter.h"
+#include "export/ObjWriter.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
-#include "DemoPlants.h"
+#include "commands/DemoPlants.h"
 
 #include <cmath>
 
-#include "Branch.h"
-#include "ChildRole.h"
-#include "NodeRun.h"
-#include "ParameterSetData.h"
-#include "Phyllotaxis.h"
-#include "PolylineSpline.h"
-#include "SplineNode.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/PolylineSpline.h"
+#include "growth/Branch.h"
+#include "growth/NodeRun.h"
+#include "growth/Phyllotaxis.h"
+#include "growth/SplineNode.h"
 
 namespace {
 

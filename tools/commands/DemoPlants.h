@@ -6,7 +6,7 @@
 // index kDemoBark, markers and cones kDemoLeaf.
 #pragma once
 
-#include "MeshData.h"
+#include "geometry/MeshData.h"
 
 constexpr int kDemoBark = 0;
 constexpr int kDemoLeaf = 1;

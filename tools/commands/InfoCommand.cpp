@@ -6,12 +6,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "Chunk.h"
-#include "Commands.h"
-#include "MvrReader.h"
-#include "MvrRecordingLoader.h"
-#include "MvrValue.h"
-#include "ParameterSetData.h"
+#include "commands/Commands.h"
+#include "curves/ParameterSetData.h"
+#include "scene/Chunk.h"
+#include "scene/MvrReader.h"
+#include "scene/MvrRecordingLoader.h"
+#include "scene/MvrValue.h"
 
 namespace {
 

@@ -1,18 +1,18 @@
-#include "ModifierDemos.h"
+#include "commands/ModifierDemos.h"
 
 #include <cmath>
 #include <vector>
 
-#include "Branch.h"
-#include "ChildRole.h"
-#include "CurvatureSpline.h"
-#include "DemoPlants.h"
-#include "Hydra.h"
-#include "NodeRun.h"
-#include "ParameterSetData.h"
-#include "PolylineSpline.h"
-#include "SplineNode.h"
-#include "Tropism.h"
+#include "commands/DemoPlants.h"
+#include "core/ChildRole.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/CurvatureSpline.h"
+#include "geometry/PolylineSpline.h"
+#include "growth/Branch.h"
+#include "growth/Hydra.h"
+#include "growth/NodeRun.h"
+#include "growth/SplineNode.h"
+#include "growth/Tropism.h"
 
 namespace {
 

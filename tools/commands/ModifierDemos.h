@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "MeshData.h"
+#include "geometry/MeshData.h"
 
 // A ring of 7.5 elements of the Hydra defaults with a tilt: the half element shrinks; and a star
 // of 12 elements inside it, sweep and tilt as polar angles.

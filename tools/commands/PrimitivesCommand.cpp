@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "Commands.h"
-#include "ExportMaterial.h"
-#include "GeomPrimitiveWriter.h"
-#include "GlbWriter.h"
-#include "MeshData.h"
-#include "MessageSink.h"
-#include "OPolygonStream.h"
-#include "ObjWriter.h"
+#include "commands/Commands.h"
+#include "core/MessageSink.h"
+#include "export/ExportMaterial.h"
+#include "export/GlbWriter.h"
+#include "export/ObjWriter.h"
+#include "geometry/GeomPrimitiveWriter.h"
+#include "geometry/MeshData.h"
+#include "geometry/OPolygonStream.h"
 
 namespace {
 

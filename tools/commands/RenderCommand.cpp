@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "Commands.h"
-#include "ExportMaterial.h"
-#include "GlbWriter.h"
-#include "MessageSink.h"
-#include "ObjWriter.h"
-#include "SceneRender.h"
+#include "commands/Commands.h"
+#include "commands/SceneRender.h"
+#include "core/MessageSink.h"
+#include "export/ExportMaterial.h"
+#include "export/GlbWriter.h"
+#include "export/ObjWriter.h"
 
 namespace {
 

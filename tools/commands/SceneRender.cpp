@@ -1,18 +1,18 @@
-#include "SceneRender.h"
+#include "commands/SceneRender.h"
 
 #include <fstream>
 
-#include "Chunk.h"
-#include "EHierarchyHelp.h"
-#include "MessageSink.h"
-#include "MvrReader.h"
-#include "MvrSceneLoader.h"
-#include "OPolygonStream.h"
-#include "ParameterSetData.h"
-#include "ProgressHandler.h"
-#include "ProgressSink.h"
-#include "SceneGraph.h"
-#include "SelectionMesh.h"
+#include "classic/SceneGraph.h"
+#include "classic/SelectionMesh.h"
+#include "core/EHierarchyHelp.h"
+#include "core/MessageSink.h"
+#include "core/ProgressHandler.h"
+#include "core/ProgressSink.h"
+#include "curves/ParameterSetData.h"
+#include "geometry/OPolygonStream.h"
+#include "scene/Chunk.h"
+#include "scene/MvrReader.h"
+#include "scene/MvrSceneLoader.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-#include "MeshData.h"
-#include "MvrMaterial.h"
+#include "geometry/MeshData.h"
+#include "scene/MvrMaterial.h"
 
 struct RenderedScene {
   mv::MeshData mesh;

@@ -1,4 +1,4 @@
-#include "ConsoleMessageHandler.h"
+#include "console/ConsoleMessageHandler.h"
 
 void ConsoleMessageHandler::debug(const std::string& text) {
   if (showDebug_) line("Morvo Debug: ", text);

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <string>
 
-#include "MessageHandler.h"
+#include "core/MessageHandler.h"
 
 class ConsoleMessageHandler : public mv::MessageHandler {
  public:

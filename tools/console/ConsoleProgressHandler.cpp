@@ -1,4 +1,4 @@
-#include "ConsoleProgressHandler.h"
+#include "console/ConsoleProgressHandler.h"
 
 #include <unistd.h>
 

@@ -4,7 +4,7 @@
 
 #include <iostream>
 
-#include "ProgressHandler.h"
+#include "core/ProgressHandler.h"
 
 class ConsoleProgressHandler : public mv::ProgressHandler {
  public:
