@@ -54,8 +54,10 @@ void DrawingRaster::plot(int32_t x, int32_t y, uint32_t rgb) {
 }
 
 void DrawingRaster::fill(int32_t x1, int32_t y1, int32_t x2, int32_t y2, uint32_t rgb) {
-  const int32_t left = std::max(std::min(x1, x2), 0), right = std::min(std::max(x1, x2), width_ - 1);
-  const int32_t top = std::max(std::min(y1, y2), 0), bottom = std::min(std::max(y1, y2), height_ - 1);
+  const int32_t left = std::max(std::min(x1, x2), 0),
+                right = std::min(std::max(x1, x2), width_ - 1);
+  const int32_t top = std::max(std::min(y1, y2), 0),
+                bottom = std::min(std::max(y1, y2), height_ - 1);
   for (int32_t y = top; y <= bottom; ++y) {
     for (int32_t x = left; x <= right; ++x) plot(x, y, rgb);
   }
@@ -84,7 +86,8 @@ void DrawingRaster::draw(const std::vector<DrawOperation>& drawing) {
 // hostile coordinate costs no more than the image.
 void DrawingRaster::line(const DrawOperation& operation) {
   int64_t x = operation.x1, y = operation.y1;
-  const int64_t dx = std::llabs(int64_t{operation.x2} - x), dy = -std::llabs(int64_t{operation.y2} - y);
+  const int64_t dx = std::llabs(int64_t{operation.x2} - x),
+                dy = -std::llabs(int64_t{operation.y2} - y);
   const int64_t sx = x < operation.x2 ? 1 : -1, sy = y < operation.y2 ? 1 : -1;
   if (std::max(dx, -dy) > 4 * int64_t{kMaxSize}) return;
   const uint32_t rgb = rgbOf(operation.color);
@@ -117,7 +120,8 @@ void DrawingRaster::text(const DrawOperation& operation) {
     fill(operation.x1, operation.y1, operation.x2, operation.y2, rgbOf(operation.background));
   }
   const uint32_t rgb = rgbOf(operation.color);
-  for (const BuiltInFont::Box& box : BuiltInFont::boxes(operation.text, operation.x1, operation.y1)) {
+  for (const BuiltInFont::Box& box :
+       BuiltInFont::boxes(operation.text, operation.x1, operation.y1)) {
     fill(box.x1, box.y1, box.x2, box.y2, rgb);
   }
 }

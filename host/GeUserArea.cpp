@@ -29,8 +29,15 @@ void GeUserArea::DrawRectangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
 }
 
 void GeUserArea::DrawBorder(int32_t style, int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
-  record({DrawOperation::Border, x1, y1, x2, y2, DrawColor::ofPalette(PaletteEdgeDark),
-          DrawColor::ofPalette(PaletteEdgeLight), style, {}});
+  record({DrawOperation::Border,
+          x1,
+          y1,
+          x2,
+          y2,
+          DrawColor::ofPalette(PaletteEdgeDark),
+          DrawColor::ofPalette(PaletteEdgeLight),
+          style,
+          {}});
 }
 
 void GeUserArea::DrawSetTextCol(const DrawColor& foreground, const DrawColor& background) {

@@ -32,8 +32,8 @@ std::string pointName(const CurvePoint& point, int32_t first, int32_t last, int3
   return "[" + std::to_string(point.id - 1) + "] " + CurveStrings::text(other);
 }
 
-CurveDescriptionEntry control(const CurvePoint& point, int32_t field, int32_t first,
-                              int32_t last, int32_t other) {
+CurveDescriptionEntry control(const CurvePoint& point, int32_t field, int32_t first, int32_t last,
+                              int32_t other) {
   CurveDescriptionEntry result =
       entry(CurveSubParameters::pointNumber(point.id, field), CurveDescriptionEntry::KindReal,
             pointName(point, first, last, other));
@@ -55,7 +55,8 @@ std::vector<CurveDescriptionEntry> CurveDescription::entries(const CurveParam& c
   result.push_back(entry(CurveSubParameters::kExpression, CurveDescriptionEntry::KindText,
                          CurveStrings::text(10053)));
   std::vector<const CurvePoint*> points;
-  for (int index = 0; index < curve.getPointCount(); ++index) points.push_back(curve.getPoint(index));
+  for (int index = 0; index < curve.getPointCount(); ++index)
+    points.push_back(curve.getPoint(index));
   std::sort(points.begin(), points.end(),
             [](const CurvePoint* a, const CurvePoint* b) { return a->id < b->id; });
   for (const CurvePoint* point : points) addPointEntries(*point, code, result);

@@ -35,9 +35,9 @@ void CurveGui::DrawMsg(int32_t, int32_t, int32_t, int32_t) {
     drawCurve(mapping, e);
     drawZeroLine(mapping, e);
     if (showFormula) {
-      DrawSetTextCol(IsEnabled() ? DrawColor::ofRgb(1.0, 0.0, 0.0)
-                                 : DrawColor::ofPalette(PaletteDisabledText),
-                     DrawColor::ofPalette(PaletteTransparent));
+      DrawSetTextCol(
+          IsEnabled() ? DrawColor::ofRgb(1.0, 0.0, 0.0) : DrawColor::ofPalette(PaletteDisabledText),
+          DrawColor::ofPalette(PaletteTransparent));
       DrawText("f(x)", 3, 3);
     }
     for (int index = 0; index < curve->getPointCount(); ++index) {

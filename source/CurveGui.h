@@ -25,11 +25,11 @@ class CurveGui : public GeUserArea {
   // The mapping of the area as it stands now, with the curve's limits.
   CurveScreen screen() const;
 
-  int32_t showFormula = 0;  // non-zero draws the mark "f(x)"
-  int32_t mixedValues = 0;  // non-zero: the panel's objects hold different curves
-  int32_t unit = 0;         // a CurveUnit
+  int32_t showFormula = 0;          // non-zero draws the mark "f(x)"
+  int32_t mixedValues = 0;          // non-zero: the panel's objects hold different curves
+  int32_t unit = 0;                 // a CurveUnit
   mv::CurveParam* curve = nullptr;  // not owned
-  int32_t dragging = 0;     // non-zero while a point (not a control point) is dragged
+  int32_t dragging = 0;             // non-zero while a point (not a control point) is dragged
   std::set<int32_t> selection;
   int32_t activePoint = 0;
 

@@ -9,8 +9,8 @@ constexpr double kFar = 1e6;
 
 }  // namespace
 
-CurveScreen::CurveScreen(int32_t width, int32_t height, int32_t left, int32_t top,
-                         int32_t right, int32_t bottom, double minimum, double maximum)
+CurveScreen::CurveScreen(int32_t width, int32_t height, int32_t left, int32_t top, int32_t right,
+                         int32_t bottom, double minimum, double maximum)
     : left_(left),
       top_(top),
       bottom_(bottom),
@@ -24,9 +24,7 @@ int32_t CurveScreen::toPixel(double value) {
   return static_cast<int32_t>(std::fmax(-kFar, std::fmin(kFar, value)));
 }
 
-int32_t CurveScreen::toScreenX(double x) const {
-  return toPixel(left_ + x * (innerWidth_ - 1));
-}
+int32_t CurveScreen::toScreenX(double x) const { return toPixel(left_ + x * (innerWidth_ - 1)); }
 
 // The height used here is one bottom edge short of the inner height: the curve's lowest value
 // sits that far above the lower edge.

@@ -29,13 +29,11 @@ class CurveSubParameters {
 
  private:
   // The point that number belongs to, with the field; null when none.
-  static const mv::CurvePoint* pointOf(const mv::CurveParam& curve, int32_t number,
-                                       int32_t& field);
+  static const mv::CurvePoint* pointOf(const mv::CurveParam& curve, int32_t number, int32_t& field);
   static double pointField(const mv::CurvePoint& point, int32_t field);
   static void setPointField(mv::CurveParam& curve, mv::CurvePoint point, int32_t field,
                             double value);
-  static void setControl(mv::CurveParam& curve, mv::CurvePoint point, int32_t field,
-                         double value);
+  static void setControl(mv::CurveParam& curve, mv::CurvePoint point, int32_t field, double value);
   static bool bothLimitsFixed(const mv::CurveParam& curve) {
     return curve.isLowerLimitFixed() && curve.isUpperLimitFixed();
   }

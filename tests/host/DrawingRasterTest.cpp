@@ -72,9 +72,8 @@ TEST(DrawingRaster, farCoordinatesAreCutWithoutCost) {
 }
 
 TEST(DrawingRaster, borderIsEtched) {
-  const DrawingRaster raster = rasterOf(5, 4, [](GeUserArea& area) {
-    area.DrawBorder(1, 0, 0, 4, 3);
-  });
+  const DrawingRaster raster =
+      rasterOf(5, 4, [](GeUserArea& area) { area.DrawBorder(1, 0, 0, 4, 3); });
   const uint32_t dark = DrawingRaster::rgbOf(DrawColor::ofPalette(PaletteEdgeDark));
   const uint32_t light = DrawingRaster::rgbOf(DrawColor::ofPalette(PaletteEdgeLight));
   EXPECT_EQ(raster.pixel(0, 0), dark);
@@ -88,10 +87,11 @@ TEST(DrawingRaster, borderIsEtched) {
 TEST(DrawingRaster, textInkStaysInsideItsMeasuredBox) {
   const std::string text = "[0.5 | 90\xC2\xB0]";
   const int32_t width = BuiltInFont::width(text);
-  const DrawingRaster raster = rasterOf(width + 4, BuiltInFont::height() + 4, [&](GeUserArea& area) {
-    area.DrawSetTextCol(DrawColor::ofRgb(0, 0, 0), DrawColor::ofPalette(PaletteTransparent));
-    area.DrawText(text, 2, 2);
-  });
+  const DrawingRaster raster =
+      rasterOf(width + 4, BuiltInFont::height() + 4, [&](GeUserArea& area) {
+        area.DrawSetTextCol(DrawColor::ofRgb(0, 0, 0), DrawColor::ofPalette(PaletteTransparent));
+        area.DrawText(text, 2, 2);
+      });
   int ink = 0, outside = 0;
   for (int32_t y = 0; y < BuiltInFont::height() + 4; ++y) {
     for (int32_t x = 0; x < width + 4; ++x) {

@@ -70,7 +70,8 @@ TEST(CurveDescription, fieldsCarryKindBoundsStepsUnitAndChoices) {
   ASSERT_EQ(type.choices.size(), 4u);
   EXPECT_EQ(type.choices[2], (std::pair<int32_t, std::string>{2, "Mirrored"}));
   // Y fields take the unit; X fields of control points do not.
-  for (int32_t number : {1221, 1224, 1226}) EXPECT_EQ(find(entries, number).integers.at(12), degrees);
+  for (int32_t number : {1221, 1224, 1226})
+    EXPECT_EQ(find(entries, number).integers.at(12), degrees);
   for (int32_t number : {1223, 1225}) EXPECT_EQ(find(entries, number).integers.count(12), 0u);
 }
 

@@ -27,8 +27,15 @@ DrawOperation palette(DrawOperation operation, int32_t number) {
   return operation;
 }
 DrawOperation border(int32_t width, int32_t height) {
-  return {DrawOperation::Border, 0, 0, width - 1, height - 1,
-          DrawColor::ofPalette(PaletteEdgeDark), DrawColor::ofPalette(PaletteEdgeLight), 1, {}};
+  return {DrawOperation::Border,
+          0,
+          0,
+          width - 1,
+          height - 1,
+          DrawColor::ofPalette(PaletteEdgeDark),
+          DrawColor::ofPalette(PaletteEdgeLight),
+          1,
+          {}};
 }
 
 struct Area {
@@ -82,7 +89,7 @@ TEST(CurveGuiDraw, screenMappingFollowsTheLimits) {
     double x, y;
     int32_t sx, sy;
   } rows[] = {
-      {0.0, 3.0, 1, 1},   {1.0, -1.0, 100, 49}, {0.5, 1.0, 50, 25},
+      {0.0, 3.0, 1, 1},    {1.0, -1.0, 100, 49}, {0.5, 1.0, 50, 25},
       {0.25, 0.0, 25, 37}, {0.1, 2.9, 10, 2},
   };
   for (const auto& row : rows) {
@@ -144,7 +151,10 @@ TEST(CurveGuiDraw, zeroLineOnlyInsideTheArea) {
   const struct {
     double minimum, maximum;
     bool drawn;
-  } rows[] = {{-1.0, 1.0, true}, {0.0, 1.0, true}, {-1.0, 0.0, true}, {0.5, 1.0, false},
+  } rows[] = {{-1.0, 1.0, true},
+              {0.0, 1.0, true},
+              {-1.0, 0.0, true},
+              {0.5, 1.0, false},
               {-3.0, -1.0, false}};
   for (const auto& row : rows) {
     Area area(22, 12);
@@ -169,12 +179,15 @@ TEST(CurveGuiDraw, selectedFreePointShowsHandlesAndControlSquares) {
   area.gui.selection = {2};
   const auto drawing = area.draw();
   // The handles from (10, 10) to (5, 1) and (15, 19), then the orange point, then black squares.
-  const std::vector<DrawOperation> tail = {
-      line(10, 10, 5, 1, kBlack),         line(10, 10, 15, 19, kBlack),
-      rectangle(9, 8, 11, 12, kOrange),   rectangle(8, 9, 12, 11, kOrange),
-      rectangle(4, 1, 6, 2, kBlack),      rectangle(14, 18, 16, 20, kBlack),
-      rectangle(19, 17, 21, 21, kBlack),  rectangle(18, 18, 21, 20, kBlack),
-      border(22, 22)};
+  const std::vector<DrawOperation> tail = {line(10, 10, 5, 1, kBlack),
+                                           line(10, 10, 15, 19, kBlack),
+                                           rectangle(9, 8, 11, 12, kOrange),
+                                           rectangle(8, 9, 12, 11, kOrange),
+                                           rectangle(4, 1, 6, 2, kBlack),
+                                           rectangle(14, 18, 16, 20, kBlack),
+                                           rectangle(19, 17, 21, 21, kBlack),
+                                           rectangle(18, 18, 21, 20, kBlack),
+                                           border(22, 22)};
   ASSERT_GE(drawing.size(), tail.size());
   EXPECT_EQ(std::vector<DrawOperation>(drawing.end() - tail.size(), drawing.end()), tail);
 }
@@ -189,8 +202,8 @@ TEST(CurveGuiDraw, formulaMarkIsRedWhenEnabledAndGreyWhenNot) {
     EXPECT_EQ(texts[0].text, "f(x)");
     EXPECT_EQ(texts[0].x1, 3);
     EXPECT_EQ(texts[0].y1, 3);
-    EXPECT_EQ(texts[0].color, enabled ? DrawColor::ofRgb(1, 0, 0)
-                                      : DrawColor::ofPalette(PaletteDisabledText));
+    EXPECT_EQ(texts[0].color,
+              enabled ? DrawColor::ofRgb(1, 0, 0) : DrawColor::ofPalette(PaletteDisabledText));
     EXPECT_EQ(texts[0].background, DrawColor::ofPalette(PaletteTransparent));
   }
 }

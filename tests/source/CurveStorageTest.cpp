@@ -141,8 +141,7 @@ TEST(CurveStorage, unknownLevelReportsAndKeepsTheCurve) {
   }
   EXPECT_EQ(stream.position(), 0u);
   EXPECT_EQ(CurveComparison::compare(&original, &curve), 0);
-  EXPECT_EQ(messages.errors,
-            std::vector<std::string>(3, "Invalid Instance Data Version"));
+  EXPECT_EQ(messages.errors, std::vector<std::string>(3, "Invalid Instance Data Version"));
 }
 
 TEST(CurveStorage, refusedPointsAndBadTextsAreDroppedQuietly) {

@@ -34,12 +34,12 @@ TEST(CurveSubParameters, getReadsEveryPartByNumber) {
     double real;
   };
   const Row rows[] = {
-      {1001, CurveSubValue::Real, 0.0},       {1002, CurveSubValue::Real, 1.0},
-      {1230, CurveSubValue::Real, 0.5},       {1231, CurveSubValue::Real, 0.6},
-      {1232, CurveSubValue::Integer, 3},      {1233, CurveSubValue::Real, -0.1},
-      {1234, CurveSubValue::Real, -0.1},      {1235, CurveSubValue::Real, 0.1},
-      {1236, CurveSubValue::Real, 0.3},       {1200, CurveSubValue::Real, 0.0},
-      {1201, CurveSubValue::Real, 0.2},       {1211, CurveSubValue::Real, 0.8},
+      {1001, CurveSubValue::Real, 0.0},  {1002, CurveSubValue::Real, 1.0},
+      {1230, CurveSubValue::Real, 0.5},  {1231, CurveSubValue::Real, 0.6},
+      {1232, CurveSubValue::Integer, 3}, {1233, CurveSubValue::Real, -0.1},
+      {1234, CurveSubValue::Real, -0.1}, {1235, CurveSubValue::Real, 0.1},
+      {1236, CurveSubValue::Real, 0.3},  {1200, CurveSubValue::Real, 0.0},
+      {1201, CurveSubValue::Real, 0.2},  {1211, CurveSubValue::Real, 0.8},
   };
   for (const Row& row : rows) {
     CurveSubValue value;
