@@ -33,8 +33,9 @@ struct PictureOptions {
 };
 
 // The editor's drawing of the curve: selected points with their handles, and the value tag of
-// one point as while it is dragged.
+// one point as while it is dragged. The limits grow around the points as after an edit.
 void drawPicture(mv::CurveParam& curve, const PictureOptions& options) {
+  curve.growLimits();
   CurveGui gui;
   gui.SetSize(options.width, options.height);
   gui.curve = &curve;
