@@ -5,7 +5,7 @@
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wunused-function"
 #pragma GCC diagnostic ignored "-Wsign-compare"
-#include <stb_easy_font.h>
+#include <stb/stb_easy_font.h>
 #pragma GCC diagnostic pop
 
 namespace {

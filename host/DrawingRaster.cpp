@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include <stb_image_write.h>
+#include <stb/stb_image_write.h>
 
 #include "host/BuiltInFont.h"
 
