@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "host/BuiltInFont.h"
+#include "host/GeDialog.h"
+#include "host/InputIds.h"
 
 void GeUserArea::DrawMsg(int32_t, int32_t, int32_t, int32_t) {}
 
@@ -60,4 +62,51 @@ void GeUserArea::GetBorderSize(int32_t style, int32_t& left, int32_t& top, int32
                                int32_t& bottom) {
   const int32_t size = style == 0 ? 0 : 1;
   left = top = right = bottom = size;
+}
+
+Bool GeUserArea::InputEvent(const BaseContainer&) { return false; }
+
+void GeUserArea::scriptMousePath(const std::vector<std::pair<Int32, Int32>>& positions) {
+  mousePath_.assign(positions.begin(), positions.end());
+}
+
+void GeUserArea::setKeyDown(Int32 channel, bool down) {
+  keysDown_.erase(std::remove(keysDown_.begin(), keysDown_.end(), channel), keysDown_.end());
+  if (down) keysDown_.push_back(channel);
+}
+
+Bool GeUserArea::GetInputState(Int32 device, Int32 channel, BaseContainer& state) {
+  state = BaseContainer();
+  if (device == BFM_INPUT_KEYBOARD) {
+    const bool down = std::find(keysDown_.begin(), keysDown_.end(), channel) != keysDown_.end();
+    state.SetLong(BFM_INPUT_VALUE, down ? 1 : 0);
+    return true;
+  }
+  if (device != BFM_INPUT_MOUSE) return false;
+  const bool held = channel == BFM_INPUT_MOUSELEFT && !mousePath_.empty();
+  if (held) {
+    lastMouse_ = mousePath_.front();
+    mousePath_.pop_front();
+  }
+  state.SetLong(BFM_INPUT_VALUE, held ? 1 : 0);
+  state.SetLong(BFM_INPUT_X, lastMouse_.first);
+  state.SetLong(BFM_INPUT_Y, lastMouse_.second);
+  return true;
+}
+
+Int32 GeUserArea::ShowPopupMenu(const BaseContainer& menu, Int32, Int32) {
+  lastMenu_ = menu;
+  const Int32 choice = menuChoice_;
+  menuChoice_ = 0;
+  return choice;
+}
+
+Bool GeUserArea::SendParentMessage(const BaseContainer& msg) {
+  if (dialog_) {
+    BaseContainer result;
+    dialog_->Message(msg, result);
+  } else {
+    sent_.push_back(msg);
+  }
+  return true;
 }

@@ -1,14 +1,20 @@
 // GeUserArea: a drawing and input area of a dialog. A subclass draws in DrawMsg and answers input
 // in InputEvent. This headless host keeps no pixels: every drawing call is recorded as a
-// DrawOperation (DrawingRaster turns a recording into a picture), and the input that an area
-// polls during a drag is played from a script (see GeUserAreaScript).
+// DrawOperation (DrawingRaster turns a recording into a picture), and what an area asks of the
+// user while it handles an event (the mouse during a drag, keys held, a menu choice) is played
+// from a script set beforehand.
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "host/BaseContainer.h"
 #include "host/DrawOperation.h"
+
+class GeDialog;
 
 class GeUserArea {
  public:
@@ -16,6 +22,9 @@ class GeUserArea {
 
   // Draws the area; (x1, y1) to (x2, y2) is the part that needs drawing.
   virtual void DrawMsg(int32_t x1, int32_t y1, int32_t x2, int32_t y2);
+  // Answers an input event (keys 'ipdv', 'ipca', 'ipva', 'ipqa', 'ipvx', 'ipvy', 'ipdb' of
+  // InputIds); false when the area does not take it.
+  virtual Bool InputEvent(const BaseContainer& msg);
 
   // The host's side: the area's size in pixels, its enabled state and its gadget number.
   void SetSize(int32_t width, int32_t height);
@@ -42,6 +51,25 @@ class GeUserArea {
   static void GetBorderSize(int32_t style, int32_t& left, int32_t& top, int32_t& right,
                             int32_t& bottom);
 
+  // Input asked for while an event is handled. GetInputState fills 'ipva' (down or not) and,
+  // for the mouse, 'ipvx' and 'ipvy'; it is false for a device it does not know.
+  Bool GetInputState(Int32 device, Int32 channel, BaseContainer& state);
+  // Mouse positions arrive in the area's own pixels already.
+  void Global2Local(Int32*, Int32*) const {}
+  // Shows a popup menu at (x, y); the id of the chosen entry, 0 when it is dismissed.
+  Int32 ShowPopupMenu(const BaseContainer& menu, Int32 x, Int32 y);
+  // To the dialog that the area is attached to, or into sentMessages() without one.
+  Bool SendParentMessage(const BaseContainer& msg);
+  void SetDialog(GeDialog* dialog) { dialog_ = dialog; }
+
+  // The script: the mouse positions that the held left button passes through (it is up after
+  // the last one), the keys held down, the choice of the next menu (once).
+  void scriptMousePath(const std::vector<std::pair<Int32, Int32>>& positions);
+  void setKeyDown(Int32 channel, bool down);
+  void scriptMenuChoice(Int32 choice) { menuChoice_ = choice; }
+  const BaseContainer& lastMenu() const { return lastMenu_; }
+  const std::vector<BaseContainer>& sentMessages() const { return sent_; }
+
   // The last drawing, whether it was drawn off screen, and how many drawings were made.
   const std::vector<DrawOperation>& drawing() const { return drawing_; }
   bool drewOffScreen() const { return offScreen_; }
@@ -58,4 +86,12 @@ class GeUserArea {
   DrawColor textBackground_ = DrawColor::ofPalette(PaletteTransparent);
   std::vector<DrawOperation> drawing_;
   int32_t redrawCount_ = 0;
+
+  GeDialog* dialog_ = nullptr;
+  std::deque<std::pair<Int32, Int32>> mousePath_;
+  std::pair<Int32, Int32> lastMouse_{0, 0};
+  std::vector<Int32> keysDown_;
+  Int32 menuChoice_ = 0;
+  BaseContainer lastMenu_;
+  std::vector<BaseContainer> sent_;
 };

@@ -18,6 +18,10 @@ class CurveGui : public GeUserArea {
   static constexpr int32_t kPointHalfSize = 2;
 
   void DrawMsg(int32_t x1, int32_t y1, int32_t x2, int32_t y2) override;
+  // A left press selects or adds a point and drags it (or a control point) while the button is
+  // held; a right press shows the menu. The parent hears of every press it takes, but of a left
+  // press on empty space. Any other event, or any event without a curve, is refused.
+  Bool InputEvent(const BaseContainer& msg) override;
 
   // Whether a curve's expression earns the mark: a text other than the pass-through "id".
   static bool showsFormula(const mv::CurveParam& curve);
@@ -38,7 +42,22 @@ class CurveGui : public GeUserArea {
     int32_t left, top, right, bottom;
   };
 
+  // What a press hit: a point, or one of its control points.
+  struct Hit {
+    enum Part { None, Point, In, Out };
+    Int32 id = 0;
+    Part part = None;
+  };
+
   static Edges edges();
+  void notify();
+  Hit hitTest(const CurveScreen& screen, Int32 x, Int32 y, bool withControls) const;
+  Bool leftPress(const BaseContainer& msg, Int32 x, Int32 y);
+  Bool rightPress(Int32 x, Int32 y);
+  void drag(const Hit& hit, Int32 lastX, Int32 lastY);
+  // One step of a drag for one point; true when the curve took a change.
+  bool movePoint(Int32 id, Hit::Part part, double dx, double dy);
+  bool storeMoved(mv::CurvePoint moved, Hit::Part part);
   void drawCurve(const CurveScreen& screen, const Edges& edges);
   void drawZeroLine(const CurveScreen& screen, const Edges& edges);
   void drawPoint(const CurveScreen& screen, const Edges& edges, int index);

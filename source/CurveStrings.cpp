@@ -2,7 +2,14 @@
 
 #include <map>
 
+#include "host/GeResource.h"
+
 std::string CurveStrings::text(int32_t number) {
+  const std::string loaded = GeLoadString(number);
+  return loaded.empty() ? builtIn(number) : loaded;
+}
+
+std::string CurveStrings::builtIn(int32_t number) {
   static const std::map<int32_t, const char*> texts = {
       {10028, "Curve"},
       {10030, "Y"},

@@ -1,5 +1,6 @@
 // CurveStrings: the texts of the curve type and its editor (names of sub-parameters, labels,
-// menu entries), by their resource numbers 10028 to 10107.
+// menu entries), by their resource numbers 10028 to 10107: those of the host's resource folder,
+// else the English ones built in, so that the editor speaks without a resource folder too.
 #pragma once
 
 #include <cstdint>
@@ -11,4 +12,7 @@ class CurveStrings {
 
   // The text of a resource number; empty for a number that has none.
   static std::string text(int32_t number);
+
+ private:
+  static std::string builtIn(int32_t number);
 };
