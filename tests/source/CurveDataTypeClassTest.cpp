@@ -3,11 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "host/BaseContainer.h"
+#include "host/Description.h"
 #include "host/GeData.h"
 #include "host/HostIds.h"
 #include "host/HyperFile.h"
+#include "host/PluginRegistry.h"
 #include "source/CurveComparison.h"
+#include "source/CurveGuiData.h"
+#include "source/CurveUnit.h"
 #include "support/CapturingMessageHandler.h"
+#include "support/CurveTypeRegistration.h"
 
 using mv::CurveParam;
 using mv::CurvePoint;
@@ -121,4 +126,70 @@ TEST(CurveDataTypeClass, subParametersThroughTheHostsValues) {
   EXPECT_EQ(d.curve().maximum(), 3.5);
   EXPECT_TRUE(d.type.SetDParameter(d.data, sub(1000), GeData(String("u")), setFlags));
   EXPECT_EQ(d.curve().evaluate(0.75), 0.75);
+}
+
+TEST(CurveDataTypeClass, registrationNeedsTheTypesNameAndRegistersTypeAndEditorOnce) {
+  ASSERT_TRUE(registerCurveTypeForTests());
+  const PluginEntry* type = PluginRegistry::Find(CURVE_TYPE_ID);
+  ASSERT_NE(type, nullptr);
+  EXPECT_EQ(type->kind, PluginKind::CustomDataType);
+  EXPECT_EQ(type->name, "Curve");
+  EXPECT_EQ(type->info, 7);
+  EXPECT_EQ(type->diskLevel, 3);
+  const PluginEntry* gui = PluginRegistry::Find(CURVE_GUI_ID);
+  ASSERT_NE(gui, nullptr);
+  EXPECT_EQ(gui->kind, PluginKind::CustomGui);
+  EXPECT_EQ(gui->name, "CurveGuiData");
+  EXPECT_EQ(gui->info, 1);
+  // The ids are taken now: a second registration fails.
+  EXPECT_FALSE(RegisterCurveDataType());
+}
+
+TEST(CurveDataTypeClass, wholeCurveTravelsAsAHostValue) {
+  ASSERT_TRUE(registerCurveTypeForTests());
+  Data d;
+  d.curve().addPoint(0.5, 0.75, mv::PointSmooth);
+  GeData value;
+  DESCFLAGS_GET getFlags = 0;
+  EXPECT_TRUE(d.type.GetParameter(d.data, DescID(), value, getFlags));
+  EXPECT_EQ(getFlags, DESCFLAGS_GET_PARAM_GET);
+  const CustomDataType* held = value.GetCustomDataType(CURVE_TYPE_ID);
+  ASSERT_NE(held, nullptr);
+  EXPECT_EQ(d.type.Compare(held, d.data), 0);
+
+  Data other;
+  DESCFLAGS_SET setFlags = 0;
+  EXPECT_TRUE(other.type.SetDParameter(other.data, sub(0), value, setFlags));
+  EXPECT_EQ(other.type.Compare(other.data, d.data), 0);
+  // A value that holds no curve leaves the curve alone.
+  EXPECT_TRUE(other.type.SetDParameter(other.data, sub(0), GeData(Float(1.0)), setFlags));
+  EXPECT_EQ(other.curve().getPointCount(), 3);
+}
+
+TEST(CurveDataTypeClass, descriptionEntriesCarryTheirIdsSettingsAndRoot) {
+  Data d;
+  d.curve().setPoint(CurvePoint::at(0.5, 0.5, mv::PointFree, 2), true);
+  Description description;
+  BaseContainer parent;
+  parent.SetLong(CURVE_UNIT, UnitMeter);
+  DESCFLAGS_DESC flags = 0;
+  EXPECT_TRUE(d.type.GetDescription(d.data, description, flags, parent, nullptr));
+  EXPECT_EQ(flags, DESCFLAGS_DESC_LOADED);
+  const auto& entries = description.GetEntries();
+  ASSERT_EQ(entries.size(), 3u + 2 + 2 + 7);
+  EXPECT_EQ(entries[0].id[0].id, 1002);
+  EXPECT_EQ(entries[0].id[0].dtype, DA_REAL);
+  EXPECT_EQ(entries[0].id[0].creator, CURVE_TYPE_ID);
+  EXPECT_EQ(entries[0].parent[0].id, 1000491);
+  EXPECT_EQ(entries[0].settings.GetLong(12), fourCharCode("fmet"));
+  EXPECT_EQ(entries[2].id[0].dtype, DA_STRING);
+  const BaseContainer& x = entries[7].settings;
+  EXPECT_EQ(entries[7].id[0].id, 1220);
+  EXPECT_EQ(x.GetString(DESC_NAME), "[1] X");
+  EXPECT_EQ(x.GetString(DESC_SHORT_NAME), "[1] X");
+  EXPECT_EQ(x.GetReal(6), 1.0);
+  EXPECT_TRUE(x.GetBool(7));
+  const BaseContainer& type = entries[9].settings;
+  EXPECT_EQ(entries[9].id[0].dtype, DA_LONG);
+  EXPECT_EQ(type.GetContainer(14).GetString(3), "Free");
 }

@@ -25,7 +25,7 @@ struct Panel {
   BaseContainer settings;
   std::unique_ptr<iCurveGui> gui;
   explicit Panel(Int32 mode, Int32 unit = UnitPercent) {
-    registerCurveTypeForTests();
+    EXPECT_TRUE(registerCurveTypeForTests());
     settings.SetLong(CURVE_UNIT, unit);
     gui = std::make_unique<iCurveGui>(settings);
     gui->SetId(kPanelId);
