@@ -1,6 +1,7 @@
 // morvo render: loads a scene file into the classic scene graph, evaluates it and writes the mesh
 // as OBJ (with MTL) or binary glTF. What the load had to skip is said on standard error; the
 // exit status is non-zero only when nothing could be loaded or the file could not be written.
+#include <cmath>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -74,6 +75,10 @@ bool writeMesh(const RenderedScene& scene, const std::string& output) {
 int render(const std::string& input, const std::string& output, double unit, bool printTree) {
   if (!endsWith(output, ".obj") && !endsWith(output, ".glb")) {
     mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
+    return 2;
+  }
+  if (!std::isfinite(unit) || unit <= 0.0) {
+    mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
   if (!std::ifstream(input)) {
