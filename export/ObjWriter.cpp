@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <numeric>
+#include <set>
 #include <utility>
 
 #include "core/MessageSink.h"
@@ -152,6 +153,7 @@ bool ObjWriter::write(const MeshData& mesh, const std::string& path) const {
 void ObjWriter::writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
                                      const std::string& objPath) const {
   out.write("# Morvo\n");
+  std::set<std::string> checked;
   for (int index : MaterialTable::usedIndices(mesh)) {
     const ExportMaterial material = materials_.lookup(index);
     out.write("\nnewmtl " + objName(material.name) + "\n");
@@ -160,7 +162,8 @@ void ObjWriter::writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
     if (material.textureFile.empty()) continue;
     const std::string reference = TextureReference::relative(material.textureFile);
     if (reference.empty()) continue;
-    if (!std::filesystem::exists(TextureReference::besideOutput(reference, objPath))) {
+    if (checked.insert(reference).second &&
+        !std::filesystem::exists(TextureReference::besideOutput(reference, objPath))) {
       messageSink.warning("texture \"" + reference + "\" is not found beside " + objPath);
     }
     out.write("map_Kd " + reference + "\n");

@@ -124,8 +124,7 @@ ShellOrientation::ShellOrientation(const MeshData& mesh) : flags_(mesh.polygons.
     shells.join(positionOf[polygon.a], positionOf[polygon.c]);
     shells.join(positionOf[polygon.a], positionOf[polygon.d]);
   }
-  const std::vector<bool> open =
-      openShells(edgesByLowerEnd(mesh, positionOf, positions), shells);
+  const std::vector<bool> open = openShells(edgesByLowerEnd(mesh, positionOf, positions), shells);
   // Volumes about a point of each shell, so that a small shell far from the origin keeps its
   // digits.
   std::vector<double> volume(positions, 0.0);

@@ -70,10 +70,11 @@ std::string TextureReference::relative(const std::string& file) {
   if (!path.empty() && path[0] != '/' && !hasScheme(path) && normalise(segments(path), result)) {
     return result;
   }
-  const std::vector<std::string> parts = segments(hasScheme(path) ? path.substr(path.find(':') + 1) : path);
+  const std::vector<std::string> parts =
+      segments(hasScheme(path) ? path.substr(path.find(':') + 1) : path);
   result = lastNamed(parts);
-  messageSink.warning("texture \"" + file + "\" lies outside the output's folder; referenced as \"" +
-                      result + "\"");
+  messageSink.warning("texture \"" + file +
+                      "\" lies outside the output's folder; referenced as \"" + result + "\"");
   return result;
 }
 

@@ -9,8 +9,7 @@
 #include "support/TestOutput.h"
 
 TEST(WrittenFiles, everyClosedShellInEveryGlbFacesOutward) {
-  const std::filesystem::path directory =
-      std::filesystem::path(testOutputPath("x")).parent_path();
+  const std::filesystem::path directory = std::filesystem::path(testOutputPath("x")).parent_path();
   size_t files = 0, closedShells = 0;
   for (const auto& entry : std::filesystem::directory_iterator(directory)) {
     if (entry.path().extension() != ".glb") continue;
@@ -19,8 +18,8 @@ TEST(WrittenFiles, everyClosedShellInEveryGlbFacesOutward) {
     for (const Shell& shell : shellVolumes(soup.positions, soup.triangles)) {
       if (!shell.closed) continue;
       ++closedShells;
-      EXPECT_GE(shell.volume, 0.0) << entry.path() << ": a shell of " << shell.triangles
-                                   << " triangles is inside-out";
+      EXPECT_GE(shell.volume, 0.0)
+          << entry.path() << ": a shell of " << shell.triangles << " triangles is inside-out";
     }
   }
   EXPECT_GT(files, 0u);
