@@ -24,7 +24,8 @@ mv::MeshData randomMesh(unsigned seed) {
   std::mt19937 random(seed);
   std::uniform_int_distribution<int> coordinate(0, 3), corner(0, 26), coin(0, 1), uv(0, 2);
   mv::MeshData mesh;
-  for (int k = 0; k < 27; ++k) mesh.points.emplace_back(k % 3, (k / 3) % 3, k / 9 + 0.25 * coin(random));
+  for (int k = 0; k < 27; ++k)
+    mesh.points.emplace_back(k % 3, (k / 3) % 3, k / 9 + 0.25 * coin(random));
   for (int n = 0; n < 400; ++n) {
     std::array<uint32_t, 4> c;
     for (uint32_t& v : c) v = uint32_t(corner(random));
@@ -74,8 +75,9 @@ Reference referenceWeld(const mv::MeshData& mesh, int material) {
     const bool reversed = shells.reversed(i);
     std::vector<int> order = {0, 1, 2, 0, 2, 3};
     if (mesh.polygons[i].isTriangle()) order = {0, 1, 2};
-    if (reversed) order = mesh.polygons[i].isTriangle() ? std::vector<int>{0, 2, 1}
-                                                        : std::vector<int>{0, 3, 2, 0, 2, 1};
+    if (reversed)
+      order = mesh.polygons[i].isTriangle() ? std::vector<int>{0, 2, 1}
+                                            : std::vector<int>{0, 3, 2, 0, 2, 1};
     for (int k : order) add(i, k);
   }
   return result;
@@ -100,10 +102,9 @@ TEST(GlbWeld, verticesAndIndicesEqualAStraightforwardWeld) {
       ASSERT_EQ(positions.size(), 3 * expected.vertices.size()) << "seed " << seed;
       for (size_t v = 0; v < expected.vertices.size(); ++v) {
         const std::array<float, 8>& e = expected.vertices[v];
-        const std::array<double, 8> actual = {positions[3 * v], positions[3 * v + 1],
-                                              positions[3 * v + 2], normals[3 * v],
-                                              normals[3 * v + 1], normals[3 * v + 2],
-                                              uvs[2 * v], uvs[2 * v + 1]};
+        const std::array<double, 8> actual = {
+            positions[3 * v],   positions[3 * v + 1], positions[3 * v + 2], normals[3 * v],
+            normals[3 * v + 1], normals[3 * v + 2],   uvs[2 * v],           uvs[2 * v + 1]};
         for (int k = 0; k < 8; ++k) ASSERT_EQ(actual[k], double(e[k])) << "vertex " << v;
       }
       const std::vector<double> indices = accessorValues(model, primitive.indices);

@@ -40,10 +40,10 @@ TEST(HostileMaterials, utf8PassesAndOtherBytesAreReadAsLatin1) {
       {"plain", "plain"},
       {"Eiche\xe4", "Eiche\xc3\xa4"},
       {"\xc3\xa4 kept", "\xc3\xa4 kept"},
-      {"\xe2\x82\xac", "\xe2\x82\xac"},          // the euro sign, three bytes
-      {"\xc3", "\xc3\x83"},                      // a lead byte at the end
-      {"\xc0\xaf", "\xc3\x80\xc2\xaf"},          // an overlong '/'
-      {"\xed\xa0\x80", "\xc3\xad\xc2\xa0\xc2\x80"},  // a surrogate
+      {"\xe2\x82\xac", "\xe2\x82\xac"},                          // the euro sign, three bytes
+      {"\xc3", "\xc3\x83"},                                      // a lead byte at the end
+      {"\xc0\xaf", "\xc3\x80\xc2\xaf"},                          // an overlong '/'
+      {"\xed\xa0\x80", "\xc3\xad\xc2\xa0\xc2\x80"},              // a surrogate
       {"\xf4\x90\x80\x80", "\xc3\xb4\xc2\x90\xc2\x80\xc2\x80"},  // above U+10FFFF
   };
   for (const auto& [bytes, text] : rows) EXPECT_EQ(mv::Utf8Text::fromBytes(bytes), text) << text;
@@ -147,7 +147,8 @@ TEST(HostileMaterials, embeddedTextureTravelsInTheFile) {
 TEST(HostileMaterials, missingTextureIsNamedInAWarning) {
   CapturingMessageHandler messages;
   const std::string path = testOutputPath("missing-texture.glb");
-  ASSERT_TRUE(mv::GlbWriter({{"bark", 0.4, 0.3, 0.2, "nowhere/bark.png"}}).write(sampleMesh(), path));
+  ASSERT_TRUE(
+      mv::GlbWriter({{"bark", 0.4, 0.3, 0.2, "nowhere/bark.png"}}).write(sampleMesh(), path));
   std::remove(path.c_str());  // a validator would rightly miss the picture
   ASSERT_EQ(messages.warnings.size(), 1u);
   EXPECT_NE(messages.warnings[0].find("\"nowhere/bark.png\" is not found beside"),
