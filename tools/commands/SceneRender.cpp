@@ -9,6 +9,7 @@
 #include "core/ProgressHandler.h"
 #include "core/ProgressSink.h"
 #include "curves/ParameterSetData.h"
+#include "export/PhaseTimes.h"
 #include "geometry/OPolygonStream.h"
 #include "scene/Chunk.h"
 #include "scene/MvrReader.h"
@@ -73,7 +74,9 @@ void reportMissingLinks(const std::string& path) {
 
 }  // namespace
 
-void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out) {
+void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out,
+                 mv::PhaseTimes* times) {
+  if (times) times->begin("load");
   reportMissingLinks(path);
   mv::SceneGraph graph;
   {
@@ -85,6 +88,7 @@ void renderScene(const std::string& path, double unit, bool printTree, RenderedS
   }
   out.topObjects = static_cast<int>(graph.children().size());
   if (printTree) graph.printTree(0);
+  if (times) times->begin("evaluation");
   mv::SelectionMesh selecting(out.mesh);
   {
     mv::OPolygonStream stream(&selecting, true);
@@ -99,4 +103,5 @@ void renderScene(const std::string& path, double unit, bool printTree, RenderedS
   }
   selecting.watch(nullptr);
   selecting.finish();
+  if (times) times->end();
 }
