@@ -117,7 +117,7 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
     return 2;
   }
-  if (!std::isfinite(unit) || unit <= 0.0) {
+  if (!std::isfinite(options.unit) || options.unit <= 0.0) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
