@@ -30,8 +30,8 @@ CurveParam MvrConversionCurves::zeroCurve() { return constant(0.0, 1.0, 0.0); }
 std::map<double, double> MvrConversionCurves::thinned(const std::map<double, double>& points) {
   const size_t limit = MvrCurveConversion::kMaxCurveKnots;
   if (points.size() <= limit) return points;
-  messageSink.warning("A converted curve of " + std::to_string(points.size()) +
-                      " points keeps " + std::to_string(limit) + " of them");
+  messageSink.warning("A converted curve of " + std::to_string(points.size()) + " points keeps " +
+                      std::to_string(limit) + " of them");
   const std::vector<std::pair<double, double>> all(points.begin(), points.end());
   std::map<double, double> kept;
   for (size_t k = 0; k < limit; ++k) kept.insert(all[k * (all.size() - 1) / (limit - 1)]);
@@ -46,7 +46,8 @@ CurveParam MvrConversionCurves::curveThrough(double minimum, double maximum,
 
 std::vector<double> MvrConversionCurves::samplePositions(const std::vector<double>& positions) {
   std::vector<double> samples{0.0};
-  if (positions.size() > 2) samples.insert(samples.end(), positions.begin() + 1, positions.end() - 1);
+  if (positions.size() > 2)
+    samples.insert(samples.end(), positions.begin() + 1, positions.end() - 1);
   samples.push_back(1.0);
   return samples;
 }

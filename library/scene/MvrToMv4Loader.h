@@ -102,8 +102,8 @@ class MvrToMv4Loader : public MvrLoader {
                             double curvLength);
   bool addLeafTropism(const std::string& name, int axis, const CurveParam& curve,
                       const std::vector<double>& positions, const std::string& path);
-  std::string treePath(const std::string& name, const MvrTreeRecord& tree,
-                       const TreeTrunk& trunk, const std::vector<Vector3>& framePositions);
+  std::string treePath(const std::string& name, const MvrTreeRecord& tree, const TreeTrunk& trunk,
+                       const std::vector<Vector3>& framePositions);
 };
 
 }  // namespace mv

@@ -197,8 +197,8 @@ std::string MvrToMv4Loader::hornPath(const std::string& name, const MvrHornRecor
 
 std::string MvrToMv4Loader::curvaturePath(const std::string& name, const MvrHornRecord& record,
                                           double curvLength) {
-  return createCurvatureSpline(
-      name + "_Curvature", curvatureOf(record, setting(IdFractionalCurvature), curvLength));
+  return createCurvatureSpline(name + "_Curvature",
+                               curvatureOf(record, setting(IdFractionalCurvature), curvLength));
 }
 
 std::string MvrToMv4Loader::createClassicLeaf(const MvrHeader& header, const MvrHornRecord& leaf) {
@@ -269,7 +269,8 @@ std::string MvrToMv4Loader::createClassicTree(const MvrHeader& header, const Mvr
   settings.density = 1.0;
   const TreeTrunk trunk(settings, positions);
   std::vector<Vector3> framePositions;
-  for (const TreeFrame& frame : trunk.buildFrames()) framePositions.push_back(frame.matrix.position());
+  for (const TreeFrame& frame : trunk.buildFrames())
+    framePositions.push_back(frame.matrix.position());
 
   branch.thickness = tree.shape;
   Curves::clampCurve(branch.thickness, positions, 0.0, 1.0);

@@ -9,8 +9,8 @@
 #include "core/MathConstants.h"
 #include "scene/MvrConversionCurves.h"
 #include "support/CapturingMessageHandler.h"
-#include "support/GeometryExpectations.h"
 #include "support/ConversionRecorder.h"
+#include "support/GeometryExpectations.h"
 
 namespace {
 
@@ -80,7 +80,9 @@ TEST(MvrConversionCurves, clampCurveReplacesOnlyACurveThatLeavesTheRangeAtASampl
       {CurveParam(0, 2, 0.0, 2.0, "id"), {0.0, 0.25, 0.5, 1.0}, true, {0.0, 0.5, 1.0, 1.0}},
       {CurveParam(-1, 1, -1.0, 1.0, "id"), {0.0, 0.5, 1.0}, true, {0.0, 0.0, 1.0}},
       // Between the samples the curve may leave the range: only the samples count.
-      {CurveParam(0, 2, 0.0, 2.0, 0.0, mv::PointSmooth), {0.0, 0.25, 0.75, 1.0}, true,
+      {CurveParam(0, 2, 0.0, 2.0, 0.0, mv::PointSmooth),
+       {0.0, 0.25, 0.75, 1.0},
+       true,
        {0.0, 1.0, 1.0, 0.0}},
   };
   for (const Row& row : rows) {
@@ -105,9 +107,14 @@ TEST(MvrConversionCurves, samplesAreTheEndsAndTheInnerPositions) {
 TEST(MvrToMv4LoaderPlain, simpleKindsBecomeNullsAndAHyperpatchADeformGrid) {
   Conversion c;
   c.run(structOf("Cam", "Camera {\n}\n" + names({"Lean", "Odd"}, "Children")) +
-        structOf("Lean", knots("HyperPatch {\nPatch_Points",
-                               {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}, {0, 0, 1}, {1, 0, 1},
-                                {0, 1, 1}, {1, 1, 1}}) +
+        structOf("Lean", knots("HyperPatch {\nPatch_Points", {{0, 0, 0},
+                                                              {1, 0, 0},
+                                                              {0, 1, 0},
+                                                              {1, 1, 0},
+                                                              {0, 0, 1},
+                                                              {1, 0, 1},
+                                                              {0, 1, 1},
+                                                              {1, 1, 1}}) +
                              "}\n") +
         structOf("Odd", "Primitive {\nType \"Box\"\n}\nRevo {\n}\n"));
   ASSERT_TRUE(c.result);
@@ -117,9 +124,9 @@ TEST(MvrToMv4LoaderPlain, simpleKindsBecomeNullsAndAHyperpatchADeformGrid) {
   EXPECT_EQ(c.loader.grids.at("Lean")[7], (Vector3{1, 1, 1}));
   // A revo around anything but a tube is no revo: a plain object.
   EXPECT_EQ(c.loader.operationOf("Odd"), "createNull");
-  EXPECT_NE(std::find(c.messages.debugs.begin(), c.messages.debugs.end(),
-                      "Unknown Component Type Revo"),
-            c.messages.debugs.end());
+  EXPECT_NE(
+      std::find(c.messages.debugs.begin(), c.messages.debugs.end(), "Unknown Component Type Revo"),
+      c.messages.debugs.end());
   EXPECT_EQ(c.loader.children(""), std::vector<std::string>{"Cam"});
   EXPECT_EQ(c.loader.children("Cam"), (std::vector<std::string>{"Lean", "Odd"}));
 }
@@ -136,7 +143,8 @@ TEST(MvrToMv4LoaderRevo, aHeightThatTurnsBackIsBakedAndOneThatRunsOnIsABranch) {
   };
   for (const Row& row : rows) {
     Conversion c;
-    c.run(structOf("Vase", "Primitive {\nType \"Tube\"\nPoints 8\n}\nRevo {\n" + row.shape + "}\n"));
+    c.run(
+        structOf("Vase", "Primitive {\nType \"Tube\"\nPoints 8\n}\nRevo {\n" + row.shape + "}\n"));
     ASSERT_TRUE(c.result) << row.shape;
     const std::string operation = c.loader.operationOf("Vase");
     if (row.baked) {
@@ -176,8 +184,9 @@ TEST(MvrToMv4LoaderRevo, theBranchFollowsTheAxisWithTheRadiiAsCornerThickness) {
 TEST(MvrToMv4LoaderArrangers, aWreathIsARingTurnedAboutYAndAHydraAStar) {
   Conversion c;
   c.run(structOf("Cam", "Camera {\n}\n" + names({"Ring", "Star"}, "Children")) +
-        structOf("Ring", "Transform {\nTranslation {2,-50,50} {0,-50,50} {0,-50,50}\n}\n"
-                         "Wreath {\nNumber {5.7,1,100}\n}\n") +
+        structOf("Ring",
+                 "Transform {\nTranslation {2,-50,50} {0,-50,50} {0,-50,50}\n}\n"
+                 "Wreath {\nNumber {5.7,1,100}\n}\n") +
         structOf("Star", "Hydra {\nNumber {6.9,1,100}\n}\n"));
   ASSERT_TRUE(c.result);
   const mv::MvrHydraRecord& ring = c.loader.hydras.at("Ring");
@@ -205,15 +214,16 @@ TEST(MvrToMv4LoaderPhiball, theProfileArcFollowsTheFanAngles) {
   const double r = 2.0;
   const double e = 1.2;
   const Row rows[] = {
-      {"0.3,1.2,\"id\",0,3.14", "createArc",
+      {"0.3,1.2,\"id\",0,3.14",
+       "createArc",
        {r / std::sin(e), kPi / 2 - 0.3, kPi / 2 - 1.2, -std::sin(kPi / 2 - e) * r / std::sin(e)}},
       {"1.0,2.0,\"id\",0,3.14", "createArc", {r, kPi / 2 - 1.0, kPi / 2 - 2.0, 0.0}},
       {"1.0,1.0,\"id\",0,3.14", "createSpline", {}},
   };
   for (const Row& row : rows) {
     Conversion c;
-    c.run(structOf("Head", "PhiBall {\nNumber {21,1,500}\nRadius {2,0,10}\nFan " + row.fan +
-                               "\n}\n"));
+    c.run(structOf("Head",
+                   "PhiBall {\nNumber {21,1,500}\nRadius {2,0,10}\nFan " + row.fan + "\n}\n"));
     ASSERT_TRUE(c.result) << row.fan;
     const mv::MvrPhyllotaxisRecord& phyllotaxis = c.loader.phyllotaxes.at("Head");
     const ConversionRecorder::Call* profile = c.loader.created(phyllotaxis.profile);
@@ -270,8 +280,7 @@ TEST(MvrToMv4LoaderHorn, aHornWithoutPathWalksACurvatureSplineWithScaledCurves) 
 
 TEST(MvrToMv4LoaderHorn, aHornWithAPathTakesItsKnotsOrSamplesOfIt) {
   const std::string body =
-      "Horn {\nSegments 4\nSpline\n" +
-      knots("Knots", {{0, 0, 0}, {0, 0, 1}, {0, 0, 2}}) + "}\n";
+      "Horn {\nSegments 4\nSpline\n" + knots("Knots", {{0, 0, 0}, {0, 0, 1}, {0, 0, 2}}) + "}\n";
   Conversion sampled;
   sampled.run(structOf("Horn", body));
   ASSERT_TRUE(sampled.result);
@@ -306,11 +315,12 @@ TEST(MvrToMv4LoaderLeaf, positionsFollowTheDensityAndEndAtOne) {
 
 TEST(MvrToMv4LoaderLeaf, theLeafClosesAtItsTipAndBendsByItsTropisms) {
   Conversion c;
-  c.run(structOf("Blade", "Primitive {\nType \"Tube\"\n}\nLeaf {\nSegments {4,1,100}\n"
-                          "Shape 1,1,\"id\",0,2\n" +
-                              knots("Phototropism", {{0, 0, 0}, {0.5, 0.4, 0}, {1, 0, 0}}) +
-                              knots("Gravitropism", {{0, 0.3, 0}, {1, 0.3, 0}}) + "}\n" +
-                              names({"Bud"}, "Children")) +
+  c.run(structOf("Blade",
+                 "Primitive {\nType \"Tube\"\n}\nLeaf {\nSegments {4,1,100}\n"
+                 "Shape 1,1,\"id\",0,2\n" +
+                     knots("Phototropism", {{0, 0, 0}, {0.5, 0.4, 0}, {1, 0, 0}}) +
+                     knots("Gravitropism", {{0, 0.3, 0}, {1, 0.3, 0}}) + "}\n" +
+                     names({"Bud"}, "Children")) +
         structOf("Bud"));
   ASSERT_TRUE(c.result);
   const mv::MvrBranchRecord& branch = c.loader.branches.at("Blade");
@@ -344,12 +354,12 @@ TEST(MvrToMv4LoaderTree, pairsAndVersionChooseFlapArrangementAndWhorl) {
     bool halfTurnScrew;
   };
   const Row rows[] = {
-      {6, 0, kPi, 1, false, false},        {6, 1, kPi / 2, 2, false, false},
-      {6, 2, kPi, 3, false, true},         {6, 3, kPi / 2, 4, false, true},
-      {6, 4, kPi, 5, true, true},          {6, 5, kPi / 2, 6, true, true},
-      {6, 7, kPi, 1, false, false},        {4, 0, 0.0, 0, false, false},
-      {4, 3, -kPi / 2, 0, false, true},    {4, 4, 0.0, 0, true, true},
-      {2, 5, 0.0, 0, true, true},          {1, 1, kPi / 2, 2, false, false},
+      {6, 0, kPi, 1, false, false},     {6, 1, kPi / 2, 2, false, false},
+      {6, 2, kPi, 3, false, true},      {6, 3, kPi / 2, 4, false, true},
+      {6, 4, kPi, 5, true, true},       {6, 5, kPi / 2, 6, true, true},
+      {6, 7, kPi, 1, false, false},     {4, 0, 0.0, 0, false, false},
+      {4, 3, -kPi / 2, 0, false, true}, {4, 4, 0.0, 0, true, true},
+      {2, 5, 0.0, 0, true, true},       {1, 1, kPi / 2, 2, false, false},
   };
   for (const Row& row : rows) {
     Conversion c;
@@ -370,12 +380,13 @@ TEST(MvrToMv4LoaderTree, pairsAndVersionChooseFlapArrangementAndWhorl) {
 
 TEST(MvrToMv4LoaderTree, theBranchTakesTheTreeCurvesClampedAndItsInheritance) {
   Conversion c;
-  c.run(structOf("T", "Primitive {\nType \"Tube\"\n}\nTree {\nBranch_Num {3,1,100}\n"
-                      "IniScale {0.8,0,1}\n" +
-                          knots("Shape", {{0, 1.5, 0}, {1, 0.5, 0}}) +
-                          knots("Dense", {{0, 2, 0}, {1, 0.5, 0}}) +
-                          knots("Scale", {{0, 0.6, 0}, {1, 0.6, 0}}) +
-                          knots("GeomScale", {{0, 0.5, 0}, {1, 0.5, 0}}) + "}\n"));
+  c.run(structOf("T",
+                 "Primitive {\nType \"Tube\"\n}\nTree {\nBranch_Num {3,1,100}\n"
+                 "IniScale {0.8,0,1}\n" +
+                     knots("Shape", {{0, 1.5, 0}, {1, 0.5, 0}}) +
+                     knots("Dense", {{0, 2, 0}, {1, 0.5, 0}}) +
+                     knots("Scale", {{0, 0.6, 0}, {1, 0.6, 0}}) +
+                     knots("GeomScale", {{0, 0.5, 0}, {1, 0.5, 0}}) + "}\n"));
   ASSERT_TRUE(c.result);
   const mv::MvrBranchRecord& branch = c.loader.branches.at("T");
   EXPECT_EQ(branch.profile, "T_Tube");
@@ -456,8 +467,7 @@ TEST(MvrToMv4LoaderTree, tropismStrengthGivesEachStepTheAreaOfItsBend) {
   const std::vector<Vector3> frames{{0, 0, 0}, {0, 0, 1}, {0, 0, 2}, {0, 0, 3}, {0, 0, 4}};
   const CurveParam light(0, 1, 1.0, 1.0, "id");
   const CurveParam gravity(0, 1, 0.25, 0.25, "id");
-  const CurveParam strength =
-      mv::MvrToMv4Loader::treeTropism(u, frames, 1.0, light, gravity);
+  const CurveParam strength = mv::MvrToMv4Loader::treeTropism(u, frames, 1.0, light, gravity);
   // From the third sample on, v = 2 (a - b) d / dx - v before: 6, 0, 6.
   expectValues(strength, u, {0.0, 0.0, 6.0, 0.0, 6.0});
   for (size_t i = 2; i < u.size(); ++i) {
@@ -473,10 +483,10 @@ TEST(MvrToMv4LoaderTree, tropismStrengthGivesEachStepTheAreaOfItsBend) {
 TEST(MvrToMv4LoaderLinks, aSharedLeafIsConvertedOnceAndLinkedTwice) {
   Conversion c;
   c.run(structOf("Cam", "Camera {\n}\n" + names({"A", "B"}, "Children")) +
-        structOf("A", "Primitive {\nType \"Tube\"\n}\nTree {\n" + names({"Leaf"}, "Branches") +
-                          "}\n") +
-        structOf("B", "Primitive {\nType \"Tube\"\n}\nTree {\n" + names({"Leaf"}, "Branches") +
-                          "}\n") +
+        structOf("A",
+                 "Primitive {\nType \"Tube\"\n}\nTree {\n" + names({"Leaf"}, "Branches") + "}\n") +
+        structOf("B",
+                 "Primitive {\nType \"Tube\"\n}\nTree {\n" + names({"Leaf"}, "Branches") + "}\n") +
         structOf("Leaf", "Primitive {\nType \"Tube\"\n}\nLeaf {\n}\n"));
   ASSERT_TRUE(c.result);
   EXPECT_EQ(c.loader.branches.count("Leaf"), 1u);
@@ -502,4 +512,44 @@ TEST(MvrToMv4LoaderLinks, aFailedPathDropsTheObjectAndEndsTheLoadAtARoot) {
   EXPECT_FALSE(convertScene(loader, settings, sceneOf(structOf("Horn", "Horn {\n}\n"))));
   EXPECT_TRUE(loader.branches.empty());
   EXPECT_TRUE(loader.children("").empty());
+}
+
+TEST(MvrToMv4LoaderExamples, everyExampleConvertsIntoAConnectedHierarchy) {
+  const char* const examples[] = {
+      "horn.mvr", "hydra.mvr",           "leaf.mvr",   "oak.mvr",       "plant.mvr",
+      "pot.mvr",  "shared-children.mvr", "solids.mvr", "sunflower.mvr", "vase.mvr"};
+  for (const char* example : examples) {
+    Conversion c(100.0);
+    c.result = convertScene(c.loader, c.settings, exampleText(example));
+    ASSERT_TRUE(c.result) << example;
+    EXPECT_TRUE(c.messages.errors.empty()) << example;
+    // Every branch runs along a created path; its profile, when it has one, was created too.
+    for (const auto& [name, branch] : c.loader.branches) {
+      const std::string path = c.loader.operationOf(branch.path);
+      EXPECT_TRUE(path == "createSpline" || path == "createCurvatureSpline") << name;
+      if (!branch.profile.empty()) {
+        EXPECT_TRUE(c.loader.created(branch.profile)) << name;
+      }
+    }
+    EXPECT_FALSE(c.loader.children("").empty()) << example;
+  }
+}
+
+TEST(MvrToMv4LoaderExamples, theOakBecomesBranchesWithATropismOnTheTrunk) {
+  Conversion c(100.0);
+  c.result = convertScene(c.loader, c.settings, exampleText("oak.mvr"));
+  ASSERT_TRUE(c.result);
+  EXPECT_EQ(c.loader.children(""), std::vector<std::string>{"Camera"});
+  EXPECT_EQ(c.loader.children("Camera"), std::vector<std::string>{"Oak"});
+  EXPECT_EQ(c.loader.children("Oak"), std::vector<std::string>{"Bough"});
+  EXPECT_EQ(c.loader.children("Bough"), std::vector<std::string>{"Leaf"});
+  EXPECT_EQ(c.loader.children("Oak_Path"), std::vector<std::string>{"Oak_Tropism"});
+  const mv::MvrBranchRecord& oak = c.loader.branches.at("Oak");
+  EXPECT_EQ(oak.nodeNumber, 12.0);
+  EXPECT_EQ(oak.nodeArrangement, 2);  // version 6, pairs 1
+  EXPECT_EQ(c.loader.operationOf("Leaf_Curvature"), "createCurvatureSpline");
+  // The trunk path has a point for each of the 24 trunk samples and starts at the root.
+  const std::vector<Vector3>& path = c.loader.splinePoints.at("Oak_Path");
+  EXPECT_GE(path.size(), 24u);
+  expectNear(path.front(), {0, 0, 0}, 1e-9);
 }

@@ -70,16 +70,16 @@ class ConversionRecorder : public mv::MvrToMv4Loader {
     ++insertCount[object];
     return true;
   }
-  std::string createMesh(const std::string& name, int, const mv::Matrix4& matrix,
-                         mv::IMesh& mesh, bool) override {
+  std::string createMesh(const std::string& name, int, const mv::Matrix4& matrix, mv::IMesh& mesh,
+                         bool) override {
     const std::string made = named("createMesh", name, matrix);
     meshPolygons[made] = mesh.getPolygonCount();
     return made;
   }
   std::string createSpline(const std::string& name, int kind, const mv::Matrix4& matrix,
                            int interpolate, int subdivision, const mv::Spline& spline) override {
-    const std::string made = named("createSpline", name, matrix, {double(kind), double(interpolate),
-                                                                  double(subdivision)});
+    const std::string made = named("createSpline", name, matrix,
+                                   {double(kind), double(interpolate), double(subdivision)});
     std::vector<mv::Vector3>& points = splinePoints[made];
     for (uint32_t i = 0; i < spline.getPointCount(); ++i) {
       double t = 0.0;
@@ -129,8 +129,8 @@ class ConversionRecorder : public mv::MvrToMv4Loader {
     return named("createAttractorPrim", name, matrix, {a, b, double(mode)});
   }
   std::string createVariation(const std::string& name, int kind, int seed, int index) override {
-    return named("createVariation", name, mv::Matrix4(), {double(kind), double(seed),
-                                                          double(index)});
+    return named("createVariation", name, mv::Matrix4(),
+                 {double(kind), double(seed), double(index)});
   }
 
   std::string createNull(const mv::MvrHeader& header) override {
@@ -157,8 +157,8 @@ class ConversionRecorder : public mv::MvrToMv4Loader {
   }
   std::string createTropism(const std::string& name, int mode, int axis,
                             const mv::CurveParam& strength) override {
-    const std::string made = named("createTropism", name, mv::Matrix4(), {double(mode),
-                                                                          double(axis)});
+    const std::string made =
+        named("createTropism", name, mv::Matrix4(), {double(mode), double(axis)});
     tropisms[made] = strength;
     return made;
   }
