@@ -41,11 +41,10 @@ class ConversionRecorder : public mv::MvrToMv4Loader {
   std::map<std::string, int> insertCount;
   std::vector<std::string> materialObjects;
 
-  // The first call that created the name, or null.
+  // The call that created the name, or null.
   const Call* created(const std::string& name) const {
-    for (const Call& call : calls)
-      if (call.created == name) return &call;
-    return nullptr;
+    const auto it = callOf_.find(name);
+    return it == callOf_.end() ? nullptr : &calls[it->second];
   }
   std::string operationOf(const std::string& name) const {
     const Call* call = created(name);
@@ -191,7 +190,9 @@ class ConversionRecorder : public mv::MvrToMv4Loader {
  private:
   std::string unique(const std::string& name) {
     std::string made = name;
-    for (int counter = 1; taken_.count(made); ++counter) made = name + std::to_string(counter);
+    // The counter goes on where the last clash of this name left it.
+    int& counter = nextCounter_.try_emplace(name, 1).first->second;
+    while (taken_.count(made)) made = name + std::to_string(counter++);
     taken_.insert(made);
     return made;
   }
@@ -207,11 +208,14 @@ class ConversionRecorder : public mv::MvrToMv4Loader {
   std::string record(const std::string& operation, const mv::MvrHeader& header,
                      std::vector<double> values) {
     const std::string made = unique(header.name);
+    callOf_[made] = calls.size();
     calls.push_back({operation, made, header, std::move(values)});
     return made;
   }
 
   std::set<std::string> taken_;
+  std::map<std::string, size_t> callOf_;
+  std::map<std::string, int> nextCounter_;  // created name to its index in calls
   std::map<std::string, std::pair<double, int>> circles_;
 };
 
