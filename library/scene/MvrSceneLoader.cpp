@@ -301,7 +301,7 @@ std::string MvrSceneLoader::createClassicHydra(const MvrHeader& header, double u
   params.setCurve(IdHydraTwist, twist);
   params.setCurve(IdHydraFan, fan);
   params.setCurve(IdHydraScale, scale);
-  params.setDouble(IdUnit, unit);
+  params.setDouble(ClassicParameterId::IdUnit, unit);
   setAttractorSet(params, header);
   return created.name;
 }
@@ -331,7 +331,7 @@ std::string MvrSceneLoader::createClassicPhiball(const MvrHeader& header, double
   params.setCurve(IdPhiballFan, fan);
   params.setCurve(IdPhiballScale, scale);
   params.setCurve(IdPhiballTrans, trans);
-  params.setDouble(IdUnit, unit);
+  params.setDouble(ClassicParameterId::IdUnit, unit);
   setAttractorSet(params, header);
   return created.name;
 }
@@ -392,7 +392,7 @@ std::string MvrSceneLoader::createClassicTree(const MvrHeader& header, const Mvr
   params.setInt(IdTreeVersion, tree.version);
   params.setBool(IdTreeSeparator, tree.separator);
   params.setCurve(IdDisplace, tree.displace);
-  params.setDouble(IdUnit, tree.unit);
+  params.setDouble(ClassicParameterId::IdUnit, tree.unit);
   setPath(created, "ClassicTree", tree.path);
   linkProfile(header, tree.primitive, created.name);
   return created.name;
@@ -514,7 +514,7 @@ void MvrSceneLoader::setHornCurves(ParameterSet& params, const MvrHornRecord& ho
   params.setCurve(IdHornFlap, horn.flap);
   params.setCurve(IdHornScale, horn.scale);
   params.setCurve(IdDisplace, horn.displace);
-  params.setDouble(IdUnit, horn.unit);
+  params.setDouble(ClassicParameterId::IdUnit, horn.unit);
 }
 
 }  // namespace mv

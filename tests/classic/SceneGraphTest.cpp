@@ -9,6 +9,7 @@
 #include "classic/MeshRender.h"
 #include "classic/SceneGraph.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ProgressHandler.h"
 #include "curves/ParameterSetData.h"
 #include "support/CapturingMessageHandler.h"
@@ -164,6 +165,31 @@ TEST(SceneGraph, sharedLeafIsOneNodeEvaluatedOncePerPlacement) {
   expectNear(bounds.high, {100, 11, 0});
 }
 
+TEST(SceneGraph, childStandsInItsParentsFrame) {
+  SceneGraph graph;
+  // Outer turns a quarter about z, then moves 5 along x; inner moves 1 along x inside it.
+  Node* outer = makeNode("Outer", new Simple(),
+                         Matrix4::rotationZ(kPi / 2.0) * Matrix4::translation({5, 0, 0}));
+  Node* inner = makeNode("Inner", new Marker(), Matrix4::translation({1, 0, 0}));
+  outer->addChild(inner, "");
+  graph.addChild(outer, "");
+  // The unit quad goes to x 1..2, y 0..1, turns to x -1..0, y 1..2, and moves to x 4..5.
+  const Bounds bounds = boundsOf(renderNode(graph));
+  expectNear(bounds.low, {4, 1, 0});
+  expectNear(bounds.high, {5, 2, 0});
+}
+
+TEST(SceneGraph, placementActsInThePlacingNodesFrame) {
+  SceneGraph graph;
+  Node* row = makeNode("Row", new Row(3), Matrix4::rotationZ(kPi / 2.0));
+  row->addChild(makeNode("Leaf", new Marker()), "");
+  graph.addChild(row, "");
+  // Three quads one unit apart along the row's x axis, which the turn lays along y.
+  const Bounds bounds = boundsOf(renderNode(graph));
+  expectNear(bounds.low, {-1, 0, 0});
+  expectNear(bounds.high, {0, 3, 0});
+}
+
 TEST(SceneGraph, childrenSeeTheWalkInTheirPrivateParameters) {
   std::vector<Probe::Seen> seen;
   SceneGraph graph;
@@ -176,8 +202,8 @@ TEST(SceneGraph, childrenSeeTheWalkInTheirPrivateParameters) {
   renderNode(graph);
   ASSERT_EQ(seen.size(), 3u);
   for (int i = 0; i < 3; ++i) {
-    // The walk multiplies the parent's matrix, then the placement's, then the node's own.
-    expectNear(seen[i].world, rowMatrix * Matrix4::translation({double(i), 0, 0}) * leafMatrix);
+    // The node's own matrix acts first, then the placement, then the parent's frame.
+    expectNear(seen[i].world, leafMatrix * Matrix4::translation({double(i), 0, 0}) * rowMatrix);
     expectNear(seen[i].local, leafMatrix);
     EXPECT_EQ(seen[i].index, i);
     EXPECT_EQ(seen[i].count, 3);

@@ -103,11 +103,11 @@ TEST(MvrSceneLoader, rendersBoxAndSphereWithTheirCountsAndBounds) {
   // A box of 6 quads on 24 points; a sphere of 6 slices by 4 stacks with its seam welded.
   EXPECT_EQ(scene.mesh.polygons.size(), 6u + 24u);
   EXPECT_EQ(scene.mesh.points.size(), 24u + 30u);
-  // Each node stands at the inverse of its file transform; the primitives' quarter and half
-  // turns about z act after that, so the box comes to x = +2 and the sphere to z = -3.
+  // Each node stands at the inverse of its file transform, and the primitive turns inside it,
+  // so the box comes to x = -2 and the sphere to z = -3.
   const Bounds bounds = boundsOf(scene.mesh);
-  expectNear(bounds.low, {-0.5, -0.5, -3.5}, 1e-9);
-  expectNear(bounds.high, {2.5, 0.5, 0.5}, 1e-9);
+  expectNear(bounds.low, {-2.5, -0.5, -3.5}, 1e-9);
+  expectNear(bounds.high, {0.5, 0.5, 0.5}, 1e-9);
   EXPECT_EQ(scene.mesh.selections.at("Cube_Box").size(), 6u);
   EXPECT_EQ(scene.mesh.selections.at("Ball_Sphere").size(), 24u);
   EXPECT_TRUE(messages.warnings.empty());

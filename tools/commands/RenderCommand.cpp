@@ -1,6 +1,10 @@
 // morvo render: loads a scene file into the classic scene graph, evaluates it and writes the mesh
 // as OBJ (with MTL) or binary glTF. What the load had to skip is said on standard error; the
 // exit status is non-zero only when nothing could be loaded or the file could not be written.
+// The output is never the input; a directory, device or symbolic link in its place is replaced
+// only with --force.
+#include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -12,6 +16,8 @@
 #include "export/ExportMaterial.h"
 #include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
+#include "export/PhaseTimes.h"
+#include "export/WriteOptions.h"
 
 namespace {
 
@@ -53,23 +59,64 @@ std::vector<mv::ExportMaterial> exportMaterials(const std::map<int, mv::MvrMater
   return result;
 }
 
-bool writeMesh(const RenderedScene& scene, const std::string& output) {
+struct RenderOptions {
+  std::string input, output;
+  double unit = 1.0;
+  bool printTree = false, embedTextures = false, force = false, timings = false;
+};
+
+bool writeMesh(const RenderedScene& scene, const RenderOptions& options, mv::PhaseTimes& times) {
   const std::vector<mv::ExportMaterial> materials = exportMaterials(scene.materials);
-  if (endsWith(output, ".obj")) return mv::ObjWriter(materials).write(scene.mesh, output);
-  return mv::GlbWriter(materials).write(scene.mesh, output);
+  mv::WriteOptions writeOptions;
+  writeOptions.embedTextures = options.embedTextures;
+  writeOptions.replaceAnyFile = options.force;
+  writeOptions.phaseTimes = &times;
+  if (endsWith(options.output, ".obj")) {
+    mv::ObjWriter writer(materials);
+    writer.setOptions(writeOptions);
+    return writer.write(scene.mesh, options.output);
+  }
+  mv::GlbWriter writer(materials);
+  writer.setOptions(writeOptions);
+  return writer.write(scene.mesh, options.output);
 }
 
-int render(const std::string& input, const std::string& output, double unit, bool printTree) {
+// True when writing path would overwrite the file at input (the same file by any name).
+bool sameFile(const std::string& input, const std::string& path) {
+  std::error_code error;
+  return std::filesystem::equivalent(input, path, error) && !error;
+}
+
+bool outputIsInput(const RenderOptions& options) {
+  const bool obj = endsWith(options.output, ".obj");
+  for (const std::string& path :
+       {options.output, obj ? mv::ObjWriter::materialLibraryPath(options.output) : ""}) {
+    if (path.empty() || !sameFile(options.input, path)) continue;
+    mv::messageSink.error("render: \"" + path + "\" is the scene file itself; not overwritten");
+    return true;
+  }
+  return false;
+}
+
+int render(const RenderOptions& options) {
+  const std::string& input = options.input;
+  const std::string& output = options.output;
   if (!endsWith(output, ".obj") && !endsWith(output, ".glb")) {
     mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
+    return 2;
+  }
+  if (!std::isfinite(options.unit) || options.unit <= 0.0) {
+    mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
   }
+  if (outputIsInput(options)) return 2;
   RenderedScene scene;
-  renderScene(input, unit, printTree, scene);
+  mv::PhaseTimes times;
+  renderScene(input, options.unit, options.printTree, scene, &times);
   reportSkips(scene.skipped);
   if (scene.topObjects == 0) {
     mv::messageSink.error("render: nothing could be loaded from \"" + input + "\"");
@@ -77,9 +124,10 @@ int render(const std::string& input, const std::string& output, double unit, boo
   }
   if (!scene.loaded)
     mv::messageSink.warning("render: the load stopped early; writing what it made");
-  if (!writeMesh(scene, output)) return 1;
+  if (!writeMesh(scene, options, times)) return 1;
   mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons, " +
                        std::to_string(scene.mesh.getPointCount()) + " points written to " + output);
+  if (options.timings) mv::messageSink.info("render: processor time: " + times.summary());
   return 0;
 }
 
@@ -88,14 +136,18 @@ int render(const std::string& input, const std::string& output, double unit, boo
 void addRenderCommand(CLI::App& app, CommandResult& result) {
   CLI::App* command =
       app.add_subcommand("render", "Render a scene file (.mvr) to a mesh file (.obj or .glb)");
-  auto input = std::make_shared<std::string>();
-  auto output = std::make_shared<std::string>();
-  auto unit = std::make_shared<double>(1.0);
-  auto printTree = std::make_shared<bool>(false);
-  command->add_option("file", *input, "the scene file")->required();
-  command->add_option("-o,--output", *output, "the mesh file to write, .obj or .glb")->required();
-  command->add_option("--unit", *unit,
+  auto options = std::make_shared<RenderOptions>();
+  command->add_option("file", options->input, "the scene file")->required();
+  command->add_option("-o,--output", options->output, "the mesh file to write, .obj or .glb")
+      ->required();
+  command->add_option("--unit", options->unit,
                       "import scale: the size of one unit of the file (default 1)");
-  command->add_flag("--tree", *printTree, "print the loaded scene graph first");
-  command->callback([=, &result] { result.exitCode = render(*input, *output, *unit, *printTree); });
+  command->add_flag("--tree", options->printTree, "print the loaded scene graph first");
+  command->add_flag("--embed-textures", options->embedTextures,
+                    "store the texture images inside the .glb instead of referencing them");
+  command->add_flag("--force", options->force,
+                    "replace the output even when it is a symbolic link, device or other "
+                    "non-regular file");
+  command->add_flag("--timings", options->timings, "say how much processor time each phase took");
+  command->callback([options, &result] { result.exitCode = render(*options); });
 }

@@ -3,9 +3,12 @@
 #include "classic/MeshRender.h"
 #include "classic/SceneGraph.h"
 #include "curves/ParameterSetData.h"
+#include "export/PhaseTimes.h"
 #include "scene/MvrSceneLoader.h"
 
-void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out) {
+void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out,
+                 mv::PhaseTimes* times) {
+  if (times) times->begin("load");
   mv::SceneGraph graph;
   {
     mv::MvrSceneLoader loader(&graph);
@@ -17,5 +20,7 @@ void renderScene(const std::string& path, double unit, bool printTree, RenderedS
   }
   out.topObjects = static_cast<int>(graph.children().size());
   if (printTree) graph.printTree(0);
+  if (times) times->begin("evaluation");
   mv::renderMesh(graph, out.mesh);
+  if (times) times->end();
 }

@@ -10,6 +10,10 @@
 #include "scene/MvrMaterial.h"
 #include "scene/MvrSkip.h"
 
+namespace mv {
+class PhaseTimes;
+}
+
 struct RenderedScene {
   mv::MeshData mesh;
   std::map<int, mv::MvrMaterial> materials;  // the first material of each index
@@ -19,5 +23,7 @@ struct RenderedScene {
 };
 
 // Loads path with the import scale unit and evaluates it into out. Messages go through
-// messageSink; printTree writes the loaded graph first, at plain level.
-void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out);
+// messageSink; printTree writes the loaded graph first, at plain level. times, when given,
+// receives the processor time of the load and of the evaluation.
+void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out,
+                 mv::PhaseTimes* times = nullptr);
