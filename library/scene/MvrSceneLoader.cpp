@@ -86,6 +86,7 @@ bool MvrSceneLoader::insertUnder(const std::string& object, const std::string& p
   const auto child = nodeList.find(object);
   if (child == nodeList.end()) {
     messageSink.debug("object not found in node list");
+    noteSkip(MvrSkip::FailedLink, object, parent);
     return false;
   }
   bool linked = false;
@@ -93,6 +94,7 @@ bool MvrSceneLoader::insertUnder(const std::string& object, const std::string& p
     const auto holder = nodeList.find(parent);
     if (holder == nodeList.end()) {
       messageSink.debug("parent not found in node list");
+      noteSkip(MvrSkip::FailedLink, object, parent);
       return false;
     }
     linked = holder->second->addChild(child->second, "");
@@ -100,7 +102,10 @@ bool MvrSceneLoader::insertUnder(const std::string& object, const std::string& p
     linked = graph->addChild(child->second, "");
     if (linked) nodeList.erase(child);
   }
-  if (!linked) messageSink.debug("insertUnder Error");
+  if (!linked) {
+    messageSink.debug("insertUnder Error");
+    noteSkip(MvrSkip::FailedLink, object, parent);
+  }
   return linked;
 }
 
