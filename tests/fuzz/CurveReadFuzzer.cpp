@@ -1,13 +1,14 @@
 // libFuzzer target: any byte string read as a stored curve. The first byte picks the level (so
 // that the unknown levels are reached too); the curve that results is then written, read back,
-// compared, described and evaluated, since a stored curve reaches all of these in a document.
+// compared, read part by part and evaluated, since a stored curve reaches all of these in a
+// document.
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "source/CurveComparison.h"
-#include "source/CurveDescription.h"
 #include "source/CurveStorage.h"
+#include "source/CurveSubParameters.h"
 #include "support/ByteCurveStream.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -21,7 +22,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   mv::CurveParam copy;
   CurveStorage::read(copy, again, CurveStorage::kLevel);
   CurveComparison::compare(&curve, &copy);
-  CurveDescription::entries(curve, level);
+  for (int index = 0; index < curve.getPointCount(); ++index) {
+    CurveSubValue value;
+    for (int field = 0; field < 7; ++field) {
+      CurveSubParameters::get(curve, CurveSubParameters::pointNumber(curve.getPoint(index)->id, field),
+                              value);
+    }
+  }
   for (int i = 0; i <= 8; ++i) curve.evaluate(i / 8.0);
   return 0;
 }
