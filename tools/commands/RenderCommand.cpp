@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/DocumentRender.h"
 #include "commands/SceneRender.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
@@ -76,6 +77,7 @@ int render(const std::string& input, const std::string& output, double unit, boo
     mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
     return 2;
   }
+  if (endsWith(input, ".morvo")) return renderDocument(input, output);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
@@ -103,13 +105,13 @@ int render(const std::string& input, const std::string& output, double unit, boo
 }  // namespace
 
 void addRenderCommand(CLI::App& app, CommandResult& result) {
-  CLI::App* command =
-      app.add_subcommand("render", "Render a scene file (.mvr) to a mesh file (.obj or .glb)");
+  CLI::App* command = app.add_subcommand(
+      "render", "Render a scene file (.mvr) or a document (.morvo) to a mesh file (.obj or .glb)");
   auto input = std::make_shared<std::string>();
   auto output = std::make_shared<std::string>();
   auto unit = std::make_shared<double>(1.0);
   auto printTree = std::make_shared<bool>(false);
-  command->add_option("file", *input, "the scene file")->required();
+  command->add_option("file", *input, "the scene file or document")->required();
   command->add_option("-o,--output", *output, "the mesh file to write, .obj or .glb")->required();
   command->add_option("--unit", *unit,
                       "import scale: the size of one unit of the file (default 1)");
