@@ -25,8 +25,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (int index = 0; index < curve.getPointCount(); ++index) {
     CurveSubValue value;
     for (int field = 0; field < 7; ++field) {
-      CurveSubParameters::get(curve, CurveSubParameters::pointNumber(curve.getPoint(index)->id, field),
-                              value);
+      CurveSubParameters::get(
+          curve, CurveSubParameters::pointNumber(curve.getPoint(index)->id, field), value);
     }
   }
   for (int i = 0; i <= 8; ++i) curve.evaluate(i / 8.0);
