@@ -93,6 +93,7 @@ void CurveGui::drag(const Hit& hit, Int32 lastX, Int32 lastY) {
   dragging = hit.part == Hit::Point ? 1 : 0;
   activePoint = hit.id;
   const CurveScreen mapping = screen();
+  if (mapping.innerWidth() < 2 || mapping.innerHeight() < 2) return;  // no room to move in
   BaseContainer state;
   while (GetInputState(BFM_INPUT_MOUSE, BFM_INPUT_MOUSELEFT, state) &&
          state.GetBool(BFM_INPUT_VALUE)) {
