@@ -87,7 +87,6 @@ class GeDialog {
 
   const std::vector<DialogGadget>& gadgets() const { return gadgets_; }
   const DialogGadget* find(Int32 id) const;
-  GeUserArea* attachedArea() const { return area_; }
 
  private:
   static constexpr size_t kAppend = static_cast<size_t>(-1);

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "host/CustomGuiLibrary.h"
 #include "host/GeResource.h"
 #include "host/PluginRegistry.h"
 #include "source/CurveDataType.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr Int32 kTypeInfo = 7;
 constexpr Int32 kGuiInfo = 1;
+constexpr Int32 kLibraryVersion = 1000;
 
 }  // namespace
 
@@ -43,5 +45,8 @@ Bool RegisterCurveDataType() {
                                     CurveStorage::kLevel)) {
     return false;
   }
+  CustomGuiLibrary library;
+  FillCustomGuiLibrary(library);
+  if (!InstallLibrary(CURVE_GUI_ID, &library, kLibraryVersion, sizeof library)) return false;
   return RegisterCustomGuiPlugin("CurveGuiData", kGuiInfo, new CurveGuiData);
 }

@@ -3,6 +3,7 @@
 
 #include "host/InputIds.h"
 #include "source/CurveGui.h"
+#include "source/CurveLimits.h"
 #include "source/CurveMenu.h"
 
 using mv::CurveParam;
@@ -80,9 +81,7 @@ Bool CurveGui::leftPress(const BaseContainer& msg, Int32 x, Int32 y) {
     selection.insert(hit.id);
   }
   drag(hit, x, y);
-  if (dragging && !(curve->isLowerLimitFixed() && curve->isUpperLimitFixed())) {
-    curve->growLimits();
-  }
+  if (dragging) CurveLimits::growFree(*curve);
   dragging = 0;
   notify();
   return true;
@@ -94,6 +93,7 @@ void CurveGui::drag(const Hit& hit, Int32 lastX, Int32 lastY) {
   dragging = hit.part == Hit::Point ? 1 : 0;
   activePoint = hit.id;
   const CurveScreen mapping = screen();
+  if (mapping.innerWidth() < 2 || mapping.innerHeight() < 2) return;  // no room to move in
   BaseContainer state;
   while (GetInputState(BFM_INPUT_MOUSE, BFM_INPUT_MOUSELEFT, state) &&
          state.GetBool(BFM_INPUT_VALUE)) {
@@ -128,9 +128,8 @@ bool CurveGui::movePoint(Int32 id, Hit::Part part, double dx, double dy) {
     if (!point) return stored;
     CurvePoint moved = *point;
     double& grabbed = part == Hit::Point ? moved.y : part == Hit::In ? moved.inY : moved.outY;
-    double target = grabbed + (curve->minimum() - curve->maximum()) * dy;
-    if (curve->isUpperLimitFixed()) target = std::fmin(target, curve->maximum());
-    if (curve->isLowerLimitFixed()) target = std::fmax(target, curve->minimum());
+    const double target =
+        CurveLimits::clamp(*curve, grabbed + (curve->minimum() - curve->maximum()) * dy);
     if (part == Hit::Point) {
       moved.shiftY(target - grabbed);
     } else {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/MathConstants.h"
+#include "source/CurveLimits.h"
 #include "source/CurveStrings.h"
 #include "source/CurveUnit.h"
 
@@ -64,10 +65,6 @@ const Preset* findPreset(Int32 id) {
   return nullptr;
 }
 
-bool bothLimitsFixed(const CurveParam& curve) {
-  return curve.isLowerLimitFixed() && curve.isUpperLimitFixed();
-}
-
 std::string mark(Int32 text, bool checked, bool greyed = false) {
   return CurveStrings::text(text) + (checked ? kChecked : "") + (greyed ? kGreyed : "");
 }
@@ -83,8 +80,7 @@ BaseContainer CurveMenu::valuePresets(const CurveParam& curve, Int32 unit) {
   for (const Preset& preset : kPresets) {
     const std::string text = presetText(preset, unit);
     if (text.empty()) continue;
-    if (curve.isUpperLimitFixed() && curve.maximum() < preset.value) continue;
-    if (curve.isLowerLimitFixed() && curve.minimum() > preset.value) continue;
+    if (CurveLimits::clamp(curve, preset.value) != preset.value) continue;  // outside fixed limits
     presets.SetString(preset.id, text);
   }
   return presets;
@@ -154,7 +150,7 @@ void CurveMenu::apply(CurveParam& curve, Int32 choice, Int32 id, double x, doubl
     curve.setPointType(id, choice - kTypeCorner);
   } else if (const Preset* preset = findPreset(choice)) {
     curve.setPointY(id, preset->value);
-    if (!bothLimitsFixed(curve)) curve.growLimits();
+    CurveLimits::growFree(curve);
   } else if (choice >= kAddCorner && choice <= kAddCorner + mv::PointFree) {
     curve.addPoint(x, y, choice - kAddCorner);
   } else if (choice == kToPoints) {

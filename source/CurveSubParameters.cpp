@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "source/CurveLimits.h"
+
 using mv::CurveParam;
 using mv::CurvePoint;
 
@@ -83,8 +85,8 @@ void CurveSubParameters::setPointField(CurveParam& curve, CurvePoint point, int3
   if (field == FieldX) {
     curve.setPointX(point.id, value);
   } else if (field == FieldY) {
-    curve.setPointY(point.id, clampToFixedLimits(curve, value));
-    if (!bothLimitsFixed(curve)) curve.growLimits();
+    curve.setPointY(point.id, CurveLimits::clamp(curve, value));
+    CurveLimits::growFree(curve);
   } else {
     setControl(curve, point, field, value);
   }
@@ -99,17 +101,11 @@ void CurveSubParameters::setControl(CurveParam& curve, CurvePoint point, int32_t
   if (field == FieldInX || field == FieldOutX) {
     controlX = point.x + value;
   } else {
-    controlY = clampToFixedLimits(curve, point.y + value);
+    controlY = CurveLimits::clamp(curve, point.y + value);
   }
   if (point.type == mv::PointMirrored) {
     (in ? point.outX : point.inX) = 2.0 * point.x - controlX;
     (in ? point.outY : point.inY) = 2.0 * point.y - controlY;
   }
   curve.setPoint(point, false);
-}
-
-double CurveSubParameters::clampToFixedLimits(const CurveParam& curve, double value) {
-  if (curve.isUpperLimitFixed() && value > curve.maximum()) value = curve.maximum();
-  if (curve.isLowerLimitFixed() && value < curve.minimum()) value = curve.minimum();
-  return value;
 }

@@ -34,8 +34,4 @@ class CurveSubParameters {
   static void setPointField(mv::CurveParam& curve, mv::CurvePoint point, int32_t field,
                             double value);
   static void setControl(mv::CurveParam& curve, mv::CurvePoint point, int32_t field, double value);
-  static bool bothLimitsFixed(const mv::CurveParam& curve) {
-    return curve.isLowerLimitFixed() && curve.isUpperLimitFixed();
-  }
-  static double clampToFixedLimits(const mv::CurveParam& curve, double value);
 };

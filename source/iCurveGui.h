@@ -1,7 +1,8 @@
 // iCurveGui: the panel of a curve parameter: the curve's graph and, in the extended layout,
 // number fields for the selected point, the limits and a text field for the expression. It holds
 // its own copy of the curve; the host pushes a curve in with SetData and takes the edited one
-// back from the action message that every change sends.
+// back from the action message that every change sends. The curve type must be registered for
+// the panel's values to hold curves.
 #pragma once
 
 #include "host/iCustomGui.h"

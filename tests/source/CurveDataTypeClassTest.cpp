@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "host/BaseContainer.h"
+#include "host/CustomGuiLibrary.h"
 #include "host/Description.h"
 #include "host/GeData.h"
 #include "host/HostIds.h"
@@ -11,6 +12,7 @@
 #include "source/CurveComparison.h"
 #include "source/CurveGuiData.h"
 #include "source/CurveUnit.h"
+#include "source/iCurveGui.h"
 #include "support/CapturingMessageHandler.h"
 #include "support/CurveTypeRegistration.h"
 
@@ -130,6 +132,7 @@ TEST(CurveDataTypeClass, subParametersThroughTheHostsValues) {
 
 TEST(CurveDataTypeClass, registrationNeedsTheTypesNameAndRegistersTypeAndEditorOnce) {
   ASSERT_TRUE(registerCurveTypeForTests());
+  Data d;
   const PluginEntry* type = PluginRegistry::Find(CURVE_TYPE_ID);
   ASSERT_NE(type, nullptr);
   EXPECT_EQ(type->kind, PluginKind::CustomDataType);
@@ -141,6 +144,22 @@ TEST(CurveDataTypeClass, registrationNeedsTheTypesNameAndRegistersTypeAndEditorO
   EXPECT_EQ(gui->kind, PluginKind::CustomGui);
   EXPECT_EQ(gui->name, "CurveGuiData");
   EXPECT_EQ(gui->info, 1);
+  // The editor's library reaches the panel behind a dialog handle.
+  const CustomGuiLibrary* library = CheckLib(CURVE_GUI_ID, 1000);
+  ASSERT_NE(library, nullptr);
+  EXPECT_EQ(CheckLib(CURVE_GUI_ID, 1001), nullptr);
+  BaseContainer settings;
+  CDialog* dialog = gui->gui->Alloc(settings);
+  ASSERT_NE(dialog, nullptr);
+  CurveDataType curve(CurveParam(0.0, 2.0, 1.0, 0.5, "u"));
+  EXPECT_TRUE(library->setData(dialog, GeData(CURVE_TYPE_ID, curve), 0));
+  Int32 state = 5;
+  const GeData back = library->getData(dialog, &state);
+  EXPECT_EQ(state, 0);
+  ASSERT_NE(back.GetCustomDataType(CURVE_TYPE_ID), nullptr);
+  EXPECT_EQ(d.type.Compare(back.GetCustomDataType(CURVE_TYPE_ID), &curve), 0);
+  EXPECT_FALSE(library->setData(nullptr, GeData(CURVE_TYPE_ID, curve), 0));
+  gui->gui->Free(dialog, &dynamic_cast<iCurveGui&>(dialog->dialog()));
   // The ids are taken now: a second registration fails.
   EXPECT_FALSE(RegisterCurveDataType());
 }

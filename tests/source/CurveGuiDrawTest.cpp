@@ -235,3 +235,15 @@ TEST(CurveGuiDraw, valueTagStaysInsideTheArea) {
     EXPECT_EQ(texts[0].x1, row.left ? sx - width : sx + offset) << row.x;
   }
 }
+
+TEST(CurveGuiDraw, anExpressionShowsAsTheMarkNotInTheDrawnCurve) {
+  Area plain(40, 20), sine(40, 20);
+  plain.curve = CurveParam(0.0, 1.0, 0.25, 0.75, "id");
+  sine.curve = CurveParam(0.0, 1.0, 0.25, 0.75, "sin");
+  sine.gui.showFormula = CurveGui::showsFormula(sine.curve);
+  EXPECT_FALSE(CurveGui::showsFormula(plain.curve));
+  const auto plainLines = operationsOf(plain.draw(), DrawOperation::Line);
+  EXPECT_EQ(operationsOf(sine.draw(), DrawOperation::Line), plainLines);
+  ASSERT_EQ(operationsOf(sine.gui.drawing(), DrawOperation::Text).size(), 1u);
+  EXPECT_TRUE(operationsOf(plain.gui.drawing(), DrawOperation::Text).empty());
+}

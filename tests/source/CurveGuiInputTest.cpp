@@ -310,3 +310,14 @@ TEST(CurveGuiInput, menuChoicesOfLimitsAndPoints) {
   EXPECT_TRUE(editor.menu(60, 50, CurveMenu::kFitLimits));
   EXPECT_DOUBLE_EQ(editor.curve.maximum(), 1.1);
 }
+
+TEST(CurveGuiInput, anAreaWithoutRoomMovesNothing) {
+  Editor editor;
+  addTwoPoints(editor.curve);
+  editor.gui.SetSize(3, 102);  // inner width 1: no step in x can be measured
+  const CurveParam before = editor.curve;
+  const Int32 x = editor.sx(0.3), y = editor.sy(0.5);
+  EXPECT_TRUE(editor.drag(x, y, {{x + 1, y - 20}}));
+  EXPECT_EQ(editor.gui.selection, (std::set<Int32>{3}));
+  EXPECT_EQ(CurveComparison::compare(&before, &editor.curve), 0);
+}

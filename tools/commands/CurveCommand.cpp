@@ -2,6 +2,7 @@
 // as CSV, so that a curve can be inspected from the shell; with --png it also draws the curve as
 // its editor shows it.
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
@@ -9,6 +10,7 @@
 #include "commands/Commands.h"
 #include "curves/CurveParam.h"
 #include "host/DrawingRaster.h"
+#include "source/CurveEditScript.h"
 #include "source/CurveGui.h"
 #include "source/CurveUnit.h"
 
@@ -24,10 +26,27 @@ int unitOf(const std::string& name) {
   return UnitNone;
 }
 
+constexpr std::streamsize kMaxScriptBytes = 16 << 20;
+
+// Plays the edits of a script file on the curve, as in the editor.
+void playEdits(mv::CurveParam& curve, const std::string& path, int unit) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw std::runtime_error("cannot read \"" + path + "\"");
+  std::string text(kMaxScriptBytes + 1, '\0');
+  file.read(&text[0], kMaxScriptBytes + 1);
+  if (file.gcount() > kMaxScriptBytes) throw std::runtime_error("\"" + path + "\" is too long");
+  text.resize(static_cast<size_t>(file.gcount()));
+  CurveEditScript script;
+  std::string error;
+  if (!script.parse(text, error)) throw std::runtime_error(path + ", " + error);
+  script.play(curve, unit);
+}
+
 struct PictureOptions {
   std::string path;
   int width = 280, height = 120;
   std::string unit = "none";
+  std::string events;
   std::vector<int> selection;
   int tag = -1;
 };
@@ -143,6 +162,8 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
   command->add_option("--unit", picture->unit, "Unit of the values in the picture")
       ->check(CLI::IsMember({"none", "percent", "degree", "meter"}))
       ->capture_default_str();
+  command->add_option("--events", picture->events,
+                      "Play the edits of a script (size, click, drag, menu) on the curve first");
   command->add_option("--select", picture->selection,
                       "Draw the point with this id selected (0 first, 1 last, inner from 3 on "
                       "in the order given)");
@@ -153,6 +174,7 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
       throw std::runtime_error("not an expression: \"" + options->expression + "\"");
     }
     for (const std::string& point : options->points) addPoint(curve, point);
+    if (!picture->events.empty()) playEdits(curve, picture->events, unitOf(picture->unit));
     printCurve(curve, options->count);
     if (!picture->path.empty()) drawPicture(curve, *picture);
     result.exitCode = 0;
