@@ -14,13 +14,12 @@ constexpr Float kParallel = 1e-12;
 
 Bool GeRayCollider::Init(BaseObject* goal, Bool) {
   hits_.clear();
-  goal_ = goal != nullptr && goal->IsInstanceOf(Opolygon) ? static_cast<PolygonObject*>(goal)
-                                                          : nullptr;
+  goal_ =
+      goal != nullptr && goal->IsInstanceOf(Opolygon) ? static_cast<PolygonObject*>(goal) : nullptr;
   return goal_ != nullptr;
 }
 
-Bool GeRayCollider::Intersect(const Vector& start, const Vector& direction, Float distance,
-                              Bool) {
+Bool GeRayCollider::Intersect(const Vector& start, const Vector& direction, Float distance, Bool) {
   hits_.clear();
   if (goal_ == nullptr) return false;
   const Vector way = direction.GetNormalized();
@@ -63,9 +62,8 @@ void GeRayCollider::testTriangle(const Vector& start, const Vector& direction, F
 
 Bool GeRayCollider::GetNearestIntersection(GeRayColResult* result) const {
   if (hits_.empty() || result == nullptr) return false;
-  *result = *std::min_element(hits_.begin(), hits_.end(),
-                              [](const GeRayColResult& x, const GeRayColResult& y) {
-                                return x.distance < y.distance;
-                              });
+  *result = *std::min_element(
+      hits_.begin(), hits_.end(),
+      [](const GeRayColResult& x, const GeRayColResult& y) { return x.distance < y.distance; });
   return true;
 }

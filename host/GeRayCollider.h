@@ -12,8 +12,8 @@ class PolygonObject;
 
 struct GeRayColResult {
   Vector hitpos;
-  Float distance = 0.0;  // along the normalised direction
-  Int32 face_id = 0;     // the polygon hit
+  Float distance = 0.0;   // along the normalised direction
+  Int32 face_id = 0;      // the polygon hit
   Bool backface = false;  // the ray meets the polygon's back
 };
 
