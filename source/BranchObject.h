@@ -11,8 +11,8 @@ class BranchObject : public MorvoObjectData, public mv::Branch {
  public:
   Bool Init(GeListNode* node) override;
   Bool Message(GeListNode* node, Int32 type, void* data) override;
-  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value,
-                    DESCFLAGS_ENABLE flags, const BaseContainer* itemdesc) override;
+  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value, DESCFLAGS_ENABLE flags,
+                    const BaseContainer* itemdesc) override;
   Bool SetDParameter(GeListNode* node, const DescID& id, const GeData& value,
                      DESCFLAGS_SET& flags) override;
   static NodeData* Alloc() { return new BranchObject; }

@@ -121,8 +121,7 @@ double C4dParameterSet::getDouble(int id, bool* ok) {
     case kOwnerNodeNumber: {
       BaseObject* branch = owningBranch();
       report(ok, branch != nullptr);
-      return branch != nullptr ? branch->GetDataInstance()->GetReal(id - kOwnerOffset, 0.0)
-                               : 10.0;
+      return branch != nullptr ? branch->GetDataInstance()->GetReal(id - kOwnerOffset, 0.0) : 10.0;
     }
     default:
       report(ok, container != nullptr);

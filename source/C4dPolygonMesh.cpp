@@ -40,8 +40,8 @@ uint32_t C4dPolygonMesh::getPolygonCount() const {
 }
 
 void C4dPolygonMesh::getPoint(uint32_t index, mv::Vector3& out) const {
-  out = index < getPointCount() ? toLibraryVector(polygonObject->GetPointR()[index])
-                                : mv::Vector3();
+  out =
+      index < getPointCount() ? toLibraryVector(polygonObject->GetPointR()[index]) : mv::Vector3();
 }
 
 void C4dPolygonMesh::getPolygon(uint32_t index, mv::MeshPolygon& out) const {
@@ -146,8 +146,8 @@ bool C4dPolygonMesh::setTexturePolygon(uint32_t index, const mv::TexturePolygon&
     return false;
   }
   if (uvwTag == nullptr) return true;
-  uvwTag->SetSlow(static_cast<Int32>(index),
-                  UVWStruct{uvwOf(texture.a), uvwOf(texture.b), uvwOf(texture.c), uvwOf(texture.d)});
+  uvwTag->SetSlow(static_cast<Int32>(index), UVWStruct{uvwOf(texture.a), uvwOf(texture.b),
+                                                       uvwOf(texture.c), uvwOf(texture.d)});
   return true;
 }
 

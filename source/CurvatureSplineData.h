@@ -11,8 +11,8 @@ class CurvatureSplineData : public MorvoObjectData, public mv::CurvatureSpline {
   static constexpr Int32 kCubic = 1210;
 
   Bool Init(GeListNode* node) override;
-  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value,
-                    DESCFLAGS_ENABLE flags, const BaseContainer* itemdesc) override;
+  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value, DESCFLAGS_ENABLE flags,
+                    const BaseContainer* itemdesc) override;
   SplineObject* GetContour(BaseObject* op, BaseDocument* doc, Float lod,
                            BaseThread* thread) override;
   static NodeData* Alloc() { return new CurvatureSplineData; }

@@ -1,7 +1,7 @@
 #include "source/InstanceProgress.h"
 
-#include "host/HostConsole.h"
 #include "host/GeResource.h"
+#include "host/HostConsole.h"
 
 InstanceProgress* InstanceProgress::current = nullptr;
 

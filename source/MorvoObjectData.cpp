@@ -7,17 +7,17 @@
 #include "core/ChildRole.h"
 #include "core/MathConstants.h"
 #include "geometry/OPolygonStream.h"
-#include "host/BaseDocument.h"
 #include "host/AliasTrans.h"
+#include "host/BaseDocument.h"
 #include "host/BaseTag.h"
 #include "host/BaseThread.h"
+#include "host/HierarchyHelp.h"
+#include "host/HostConsole.h"
+#include "host/HostIds.h"
 #include "host/LineObject.h"
+#include "host/PolygonObject.h"
 #include "host/SplineObject.h"
 #include "host/TextureTag.h"
-#include "host/HostConsole.h"
-#include "host/HierarchyHelp.h"
-#include "host/HostIds.h"
-#include "host/PolygonObject.h"
 #include "source/C4dObject.h"
 #include "source/C4dParameterSet.h"
 #include "source/C4dPolygonMesh.h"
@@ -128,8 +128,7 @@ BaseObject* MorvoObjectData::GetVirtualObjects(BaseObject* op, HierarchyHelp* hh
   BaseObject* result = mesh.detach();
   if (result != nullptr) takeIdentityOf(op, result);
 
-  if (!instanceChildren(op, hh, result, childRoles, clones, placements, placedMask,
-                        withGeometry)) {
+  if (!instanceChildren(op, hh, result, childRoles, clones, placements, placedMask, withGeometry)) {
     params.deleteSlot(mv::IdProfileNode);
     params.deleteSlot(mv::IdPathNode);
     return nullptr;
@@ -275,9 +274,8 @@ bool MorvoObjectData::instanceChildren(BaseObject* op, HierarchyHelp* hh, BaseOb
 }
 
 Int32 MorvoObjectData::instanceAsObjects(BaseObject* op, const mv::PlacementList& placements,
-                                         Int32 mask, BaseObject* clone,
-                                         const Matrix& localMatrix, BaseObject* parent,
-                                         BaseThread* thread) {
+                                         Int32 mask, BaseObject* clone, const Matrix& localMatrix,
+                                         BaseObject* parent, BaseThread* thread) {
   (void)op;
   if (parent == nullptr || clone == nullptr) return 0;
   const String baseName = clone->GetName();
@@ -289,8 +287,7 @@ Int32 MorvoObjectData::instanceAsObjects(BaseObject* op, const mv::PlacementList
     for (const mv::Placement& placement : group.placements) {
       progressStep();
       if (hasZeroBlock(placement.matrix)) continue;
-      instance = instance == nullptr ? clone
-                                     : instance->GetClone(COPYFLAGS_NONE, nullptr);
+      instance = instance == nullptr ? clone : instance->GetClone(COPYFLAGS_NONE, nullptr);
       if (instance == nullptr) break;
       instance->SetName(baseName + "." + std::to_string(placement.index));
       instance->SetMl(toHostMatrix(placement.matrix) * localMatrix);
@@ -399,9 +396,9 @@ bool copyInheritedTags(const std::vector<BaseTag*>& tags, BaseObject* copy) {
 
 }  // namespace
 
-Int32 MorvoObjectData::mergeHierarchy(const Matrix& matrix, BaseObject* source,
-                                      BaseObject* target, std::vector<BaseTag*> tags,
-                                      Int32 editorMode, Int32 renderMode) {
+Int32 MorvoObjectData::mergeHierarchy(const Matrix& matrix, BaseObject* source, BaseObject* target,
+                                      std::vector<BaseTag*> tags, Int32 editorMode,
+                                      Int32 renderMode) {
   if (source == nullptr || target == nullptr) return 0;
   for (BaseTag* tag = source->GetFirstTag(); tag != nullptr; tag = tag->GetNext()) {
     if (!isHierarchicalTag(tag) || isDataTag(tag)) continue;
@@ -465,9 +462,8 @@ Bool MorvoObjectData::sameSurface(BaseObject* source, BaseObject* candidate,
       if (!sameTagContents(own, other)) return false;
       own = nextSurfaceTag(own->GetNext());
     } else {
-      const bool inherited = std::any_of(tags.begin(), tags.end(), [other](BaseTag* tag) {
-        return sameTagContents(tag, other);
-      });
+      const bool inherited = std::any_of(
+          tags.begin(), tags.end(), [other](BaseTag* tag) { return sameTagContents(tag, other); });
       if (!inherited) return false;
       ++matches;
     }
@@ -510,8 +506,8 @@ void MorvoObjectData::appendPolygons(PolygonObject* source, PolygonObject* targe
   for (Int32 i = 0; i < addedPoints; ++i) to[oldPoints + i] = matrix * from[i];
 
   if (sourceUvw != nullptr && targetUvw == nullptr) {
-    targetUvw = static_cast<UVWTag*>(
-        target->MakeVariableTag(Tuvw, oldPolygons + addedPolygons, nullptr));
+    targetUvw =
+        static_cast<UVWTag*>(target->MakeVariableTag(Tuvw, oldPolygons + addedPolygons, nullptr));
   }
   const CPolygon* polygons = source->GetPolygonR();
   CPolygon* into = target->GetPolygonW();

@@ -37,8 +37,7 @@ class MorvoObjectData : public ObjectData, public virtual mv::Simple {
   // number merged. The clone is consumed.
   Int32 instanceIntoMesh(BaseObject* op, BaseDocument* doc, BaseObject* result,
                          const mv::PlacementList& placements, Int32 mask, BaseObject* clone,
-                         const Matrix& localMatrix, const Matrix& worldMatrix,
-                         BaseThread* thread);
+                         const Matrix& localMatrix, const Matrix& worldMatrix, BaseThread* thread);
 
   // Merges source and its subtree into target, polygon objects of the same surface into one;
   // tags are the hierarchical tags inherited from above. 0 when source or target is null or a
@@ -67,8 +66,7 @@ class MorvoObjectData : public ObjectData, public virtual mv::Simple {
                         const std::vector<Matrix>& childMatrices);
   bool instanceChildren(BaseObject* op, HierarchyHelp* hh, BaseObject*& result,
                         const std::vector<Int32>& roles, std::vector<BaseObject*>& clones,
-                        const mv::PlacementList& placements, Int32 placedMask,
-                        bool hasGeometry);
+                        const mv::PlacementList& placements, Int32 placedMask, bool hasGeometry);
 };
 
 // Whether object is a line object, which the host owns when it hands one out.

@@ -8,7 +8,7 @@
 class PhyllotaxisObject : public MorvoObjectData, public mv::Phyllotaxis {
  public:
   Bool Message(GeListNode* node, Int32 type, void* data) override;
-  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value,
-                    DESCFLAGS_ENABLE flags, const BaseContainer* itemdesc) override;
+  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value, DESCFLAGS_ENABLE flags,
+                    const BaseContainer* itemdesc) override;
   static NodeData* Alloc() { return new PhyllotaxisObject; }
 };

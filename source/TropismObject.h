@@ -9,8 +9,8 @@
 
 class TropismObject : public MorvoObjectData, public mv::Tropism {
  public:
-  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value,
-                    DESCFLAGS_ENABLE flags, const BaseContainer* itemdesc) override;
+  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value, DESCFLAGS_ENABLE flags,
+                    const BaseContainer* itemdesc) override;
   void CheckDirty(BaseObject* op, BaseDocument* doc) override;
   static NodeData* Alloc() { return new TropismObject; }
 

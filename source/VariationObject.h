@@ -8,7 +8,7 @@
 class VariationObject : public MorvoObjectData, public mv::Variation {
  public:
   Bool Init(GeListNode* node) override;
-  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value,
-                    DESCFLAGS_ENABLE flags, const BaseContainer* itemdesc) override;
+  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value, DESCFLAGS_ENABLE flags,
+                    const BaseContainer* itemdesc) override;
   static NodeData* Alloc() { return new VariationObject; }
 };

@@ -7,8 +7,9 @@
 namespace {
 
 void expectSameHost(const Matrix& actual, const Matrix& expected) {
-  for (const auto& [a, b] : {std::pair{actual.off, expected.off}, std::pair{actual.v1, expected.v1},
-                             std::pair{actual.v2, expected.v2}, std::pair{actual.v3, expected.v3}}) {
+  for (const auto& [a, b] :
+       {std::pair{actual.off, expected.off}, std::pair{actual.v1, expected.v1},
+        std::pair{actual.v2, expected.v2}, std::pair{actual.v3, expected.v3}}) {
     EXPECT_NEAR(a.x, b.x, 1e-12);
     EXPECT_NEAR(a.y, b.y, 1e-12);
     EXPECT_NEAR(a.z, b.z, 1e-12);
