@@ -84,7 +84,7 @@ class BaseObject : public BaseList2D {
                   AliasTrans* trans) const;
 
   // Evaluation, for the object (this) that evaluates and the children it reads.
-  BaseObject* GetCache(HierarchyHelp* hh = nullptr) const { return cache_; }
+  BaseObject* GetCache(HierarchyHelp* /*hh*/ = nullptr) const { return cache_; }
   BaseObject* GetCacheParent() const { return cacheParent_; }
   // True when the object has no valid cache.
   Bool CheckCache(HierarchyHelp* hh) const;

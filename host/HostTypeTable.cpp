@@ -1,7 +1,10 @@
 #include "host/HostTypeTable.h"
 
+#include <utility>
+
 #include "host/HostIds.h"
 #include "host/PluginRegistry.h"
+#include "host/PrimitiveObject.h"
 
 namespace {
 
@@ -25,6 +28,14 @@ void HostTypeTable::AddAll() {
   addType(Opolygon, PluginKind::Object, "Opolygon", points | OBJECT_POLYGONOBJECT);
   addType(Ospline, PluginKind::Object, "Ospline", points | OBJECT_ISSPLINE);
   addType(Oline, PluginKind::Object, "Oline", points);
+  for (auto [id, word] : {std::pair{Ocube, "Ocube"},
+                          {Osphere, "Osphere"},
+                          {Ocone, "Ocone"},
+                          {Ocylinder, "Ocylinder"},
+                          {Odisc, "Odisc"},
+                          {Oplane, "Oplane"}}) {
+    addType(id, PluginKind::Object, word, OBJECT_GENERATOR, PrimitiveObject::Alloc);
+  }
 
   addType(Tphong, PluginKind::Tag, "Tphong", TAG_VISIBLE);
   addType(Tdisplay, PluginKind::Tag, "Tdisplay", TAG_VISIBLE | TAG_HIERARCHICAL);
