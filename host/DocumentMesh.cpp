@@ -41,8 +41,8 @@ bool DocumentMesh::collect(BaseDocument* doc) {
   return true;
 }
 
-void DocumentMesh::collectTree(BaseObject* op, const Matrix& parent,
-                               std::vector<BaseTag*> textures, int renderMode) {
+void DocumentMesh::collectTree(BaseObject* op, const Matrix& parent, std::vector<BaseTag*> textures,
+                               int renderMode) {
   if (op->GetRenderMode() != MODE_UNDEF) renderMode = op->GetRenderMode();
   Matrix mg = parent * op->GetMl();
   for (BaseTag* tag = op->GetFirstTag(); tag; tag = tag->GetNext()) {
@@ -67,11 +67,11 @@ void DocumentMesh::appendPolygons(const PolygonObject& poly, const Matrix& mg,
   auto* uvw = static_cast<const UVWTag*>(poly.GetTag(Tuvw));
   for (Int32 i = 0; i < poly.GetPolygonCount(); ++i) {
     const CPolygon& p = poly.GetPolygonR()[i];
-    mesh_.polygons.push_back({firstPoint + p.a, firstPoint + p.b, firstPoint + p.c,
-                              firstPoint + p.d, material[i]});
+    mesh_.polygons.push_back(
+        {firstPoint + p.a, firstPoint + p.b, firstPoint + p.c, firstPoint + p.d, material[i]});
     UVWStruct uv = uvw ? uvw->GetSlow(i) : UVWStruct();
-    mesh_.texturePolygons.push_back({{uv.a.x, uv.a.y, 0}, {uv.b.x, uv.b.y, 0},
-                                     {uv.c.x, uv.c.y, 0}, {uv.d.x, uv.d.y, 0}});
+    mesh_.texturePolygons.push_back(
+        {{uv.a.x, uv.a.y, 0}, {uv.b.x, uv.b.y, 0}, {uv.c.x, uv.c.y, 0}, {uv.d.x, uv.d.y, 0}});
   }
   for (BaseTag* tag = poly.GetFirstTag(); tag; tag = tag->GetNext()) {
     if (tag->GetType() != Tpolygonselection) continue;
@@ -104,8 +104,8 @@ int32_t DocumentMesh::materialIndex(BaseMaterial* material) {
   auto it = std::find(materialOrder_.begin(), materialOrder_.end(), material);
   if (it != materialOrder_.end()) return static_cast<int32_t>(it - materialOrder_.begin());
   BaseContainer color = material->GetChannel(CHANNEL_COLOR)->GetData();
-  Vector rgb = color.GetVector(CHANNEL_COLOR_VALUE, Vector(0.8)) *
-               color.GetReal(CHANNEL_BRIGHTNESS, 1.0);
+  Vector rgb =
+      color.GetVector(CHANNEL_COLOR_VALUE, Vector(0.8)) * color.GetReal(CHANNEL_BRIGHTNESS, 1.0);
   mv::ExportMaterial exported;
   exported.name = material->GetName();
   exported.red = rgb.x;

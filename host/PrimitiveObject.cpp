@@ -46,7 +46,8 @@ Bool PrimitiveObject::Init(GeListNode* node) {
       bc.SetLong(1273, 20);
       bc.SetLong(1300, 2);
       break;
-    default: return false;
+    default:
+      return false;
   }
   return true;
 }
@@ -57,7 +58,8 @@ PolygonObject* PrimitiveObject::BuildMesh(const BaseObject* op) {
     case Ocube:
       return PrimitiveShapes::box(bc.GetVector(1100), bc.GetLong(1102), bc.GetLong(1103),
                                   bc.GetLong(1104));
-    case Osphere: return PrimitiveShapes::sphere(bc.GetReal(1110), bc.GetLong(1111));
+    case Osphere:
+      return PrimitiveShapes::sphere(bc.GetReal(1110), bc.GetLong(1111));
     case Ocone:
       return PrimitiveShapes::cone(bc.GetReal(1131), bc.GetReal(1130), bc.GetReal(1132),
                                    bc.GetLong(1133), bc.GetLong(1134), bc.GetLong(1135));
@@ -74,7 +76,8 @@ PolygonObject* PrimitiveObject::BuildMesh(const BaseObject* op) {
                                     depthSegments > 0 ? depthSegments : bc.GetLong(1272),
                                     PrimitiveShapes::axisOrientation(bc.GetLong(1300, 2)));
     }
-    default: return nullptr;
+    default:
+      return nullptr;
   }
 }
 

@@ -22,16 +22,14 @@ Vector ring(Float radius, Float u, Float y) {
 
 void addFace(MeshBuilder& mesh, const Vector& normal, const Vector& e1, const Vector& e2,
              Int32 seg1, Int32 seg2) {
-  mesh.addGrid(seg1, seg2, [&](Float u, Float v) {
-    return normal + e1 * (2 * u - 1) + e2 * (2 * v - 1);
-  });
+  mesh.addGrid(seg1, seg2,
+               [&](Float u, Float v) { return normal + e1 * (2 * u - 1) + e2 * (2 * v - 1); });
 }
 
 // Caps of a solid of revolution: rings from the rim to the centre on top, the reverse below.
 void addCap(MeshBuilder& mesh, Float radius, Float y, bool top, Int32 rings, Int32 around) {
-  mesh.addGrid(around, rings, [&](Float u, Float v) {
-    return ring(radius * (top ? 1 - v : v), u, y);
-  });
+  mesh.addGrid(around, rings,
+               [&](Float u, Float v) { return ring(radius * (top ? 1 - v : v), u, y); });
 }
 
 PolygonObject* oriented(const MeshBuilder& mesh, const Matrix& orientation) {
@@ -98,18 +96,24 @@ PolygonObject* PrimitiveShapes::disc(Float innerRadius, Float outerRadius, Int32
 PolygonObject* PrimitiveShapes::plane(Float width, Float depth, Int32 segX, Int32 segZ,
                                       const Matrix& orientation) {
   MeshBuilder mesh;
-  addFace(mesh, Vector(), Vector(0, 0, depth * 0.5), Vector(width * 0.5, 0, 0),
-          atLeast(segZ, 1), atLeast(segX, 1));
+  addFace(mesh, Vector(), Vector(0, 0, depth * 0.5), Vector(width * 0.5, 0, 0), atLeast(segZ, 1),
+          atLeast(segX, 1));
   return oriented(mesh, orientation);
 }
 
 Matrix PrimitiveShapes::axisOrientation(Int32 axis) {
   switch (axis) {
-    case 0: return Matrix({}, {0, -1, 0}, {1, 0, 0}, {0, 0, 1});
-    case 1: return Matrix({}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1});
-    case 3: return Matrix({}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1});
-    case 4: return Matrix({}, {1, 0, 0}, {0, 0, 1}, {0, -1, 0});
-    case 5: return Matrix({}, {1, 0, 0}, {0, 0, -1}, {0, 1, 0});
-    default: return Matrix();
+    case 0:
+      return Matrix({}, {0, -1, 0}, {1, 0, 0}, {0, 0, 1});
+    case 1:
+      return Matrix({}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1});
+    case 3:
+      return Matrix({}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1});
+    case 4:
+      return Matrix({}, {1, 0, 0}, {0, 0, 1}, {0, -1, 0});
+    case 5:
+      return Matrix({}, {1, 0, 0}, {0, 0, -1}, {0, 1, 0});
+    default:
+      return Matrix();
   }
 }

@@ -60,7 +60,8 @@ TEST(Primitive, OpenPrimitivesFaceTheirOrientation) {
       op->GetDataInstance()->SetLong(1300, axis);
       mv::MeshData mesh = meshOf(op);
       // The host's axis in library axes (y and z swapped).
-      mv::Vector3 expected[] = {{1, 0, 0}, {-1, 0, 0}, {0, 0, 1}, {0, 0, -1}, {0, 1, 0}, {0, -1, 0}};
+      mv::Vector3 expected[] = {{1, 0, 0},  {-1, 0, 0}, {0, 0, 1},
+                                {0, 0, -1}, {0, 1, 0},  {0, -1, 0}};
       for (const mv::MeshPolygon& polygon : mesh.polygons) {
         mv::Vector3 n = polygonNormal(mesh, polygon).normalized();
         EXPECT_NEAR(n.dot(expected[axis]), 1.0, 1e-9) << type << " axis " << axis;
