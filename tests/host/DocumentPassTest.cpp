@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "TestPlugins.h"
 #include "host/BaseDocument.h"
 #include "host/BaseThread.h"
 #include "host/ModelingCommand.h"
 #include "host/PolygonObject.h"
-#include "TestPlugins.h"
 
 namespace {
 

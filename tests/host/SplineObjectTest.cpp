@@ -7,7 +7,8 @@
 namespace {
 
 struct LineOf {
-  explicit LineOf(const SplineObject* spline) : line(spline->GetLineObject(nullptr, 1.0, nullptr)) {}
+  explicit LineOf(const SplineObject* spline)
+      : line(spline->GetLineObject(nullptr, 1.0, nullptr)) {}
   ~LineOf() {
     BaseObject* base = line;
     BaseObject::Free(base);

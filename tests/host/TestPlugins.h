@@ -27,8 +27,8 @@ constexpr Int32 kShift = 1000;
 constexpr Int32 kPointCount = 1000;
 
 struct PluginCounters {
-  int generatorCalls = 0;  // GetVirtualObjects calls
-  int rebuilds = 0;        // calls that built a new result
+  int generatorCalls = 0;        // GetVirtualObjects calls
+  int rebuilds = 0;              // calls that built a new result
   std::vector<Vector> lastLine;  // the points of the last spline child's line seen
 };
 
@@ -73,8 +73,8 @@ class CloneGenerator : public ObjectData {
     for (BaseObject* child = op->GetDown(); child; child = child->GetNext()) {
       if (child->GetInfo() & OBJECT_ISSPLINE) {
         Matrix m;
-        LineObject* line = op->GetVirtualLineObject(child, hh, child->GetMl(), false, false, &m,
-                                                    &dirty);
+        LineObject* line =
+            op->GetVirtualLineObject(child, hh, child->GetMl(), false, false, &m, &dirty);
         if (line) op->AddDependence(hh, line);
       } else {
         op->GetHierarchyClone(hh, child, HIERARCHYCLONEFLAGS_ASIS, &dirty, nullptr);
@@ -86,8 +86,8 @@ class CloneGenerator : public ObjectData {
   }
   static void readLine(BaseObject* op, BaseObject* child, HierarchyHelp* hh) {
     Matrix m;
-    LineObject* line = op->GetVirtualLineObject(child, hh, child->GetMl(), false, false, &m,
-                                                nullptr);
+    LineObject* line =
+        op->GetVirtualLineObject(child, hh, child->GetMl(), false, false, &m, nullptr);
     counters().lastLine.clear();
     if (!line) return;
     op->AddDependence(hh, line);
@@ -167,8 +167,8 @@ inline void registerTestPlugins() {
                          "Otestshift", nullptr, 0);
     RegisterObjectPlugin(kStraightSplineId, "Straight", OBJECT_ISSPLINE, StraightSpline::Alloc,
                          "Oteststraight", nullptr, 0);
-    RegisterTagPlugin(kCountingTagId, "Counting", TAG_VISIBLE | TAG_EXPRESSION,
-                      CountingTag::Alloc, "Ttestcounting", nullptr, 0);
+    RegisterTagPlugin(kCountingTagId, "Counting", TAG_VISIBLE | TAG_EXPRESSION, CountingTag::Alloc,
+                      "Ttestcounting", nullptr, 0);
     return true;
   }();
   (void)registered;
