@@ -22,9 +22,9 @@ void BM_ConversionGenerated(benchmark::State& state) {
     benchmark::DoNotOptimize(loader.branches.size());
   }
   state.counters["components"] = 1.0 + 100.0 * static_cast<double>(state.range(0));
-  state.counters["components/s"] = benchmark::Counter(
-      (1.0 + 100.0 * static_cast<double>(state.range(0))) * state.iterations(),
-      benchmark::Counter::kIsRate);
+  state.counters["components/s"] =
+      benchmark::Counter((1.0 + 100.0 * static_cast<double>(state.range(0))) * state.iterations(),
+                         benchmark::Counter::kIsRate);
 }
 // 10 and 50 trees: 990 and 4 950 leaves.
 BENCHMARK(BM_ConversionGenerated)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
