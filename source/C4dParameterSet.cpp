@@ -109,7 +109,7 @@ double C4dParameterSet::getDouble(int id, bool* ok) {
     case mv::IdCarriedDensity: {
       report(ok, true);
       BaseTag* tag = nearestDataTag(object);
-      return tag != nullptr ? tag->GetDataInstance()->GetReal(id, 1.0) : 1.0;
+      return tag != nullptr ? tag->GetDataInstance()->GetReal(id) : 1.0;
     }
     case mv::IdGrowthAbove: {
       BaseObject* sweep = nearestSweep(object, kSweepDepth);
@@ -133,7 +133,7 @@ int C4dParameterSet::getInt(int id, bool* ok) {
   if (id == mv::IdIndex || id == mv::IdCount) {
     report(ok, true);
     BaseTag* tag = nearestDataTag(object);
-    return tag != nullptr ? tag->GetDataInstance()->GetLong(id, 1) : 1;
+    return tag != nullptr ? tag->GetDataInstance()->GetLong(id) : 1;
   }
   report(ok, container != nullptr);
   return container != nullptr ? container->GetLong(id, 0) : 0;
