@@ -9,9 +9,9 @@
 #include "host/BaseTag.h"
 #include "host/HostConsole.h"
 #include "host/HostIds.h"
+#include "host/LineObject.h"
 #include "host/ModelingCommand.h"
 #include "host/PolygonObject.h"
-#include "host/LineObject.h"
 #include "host/SplineObject.h"
 #include "source/C4dObject.h"
 #include "source/C4dParameterSet.h"
@@ -99,7 +99,8 @@ struct Box {
 // relative to the box's frame.
 void extendByState(Box& box, const BaseObject* state, const Matrix& toFrame) {
   if (const auto* points = dynamic_cast<const PointObject*>(state)) {
-    for (Int32 i = 0; i < points->GetPointCount(); ++i) box.extend(toFrame * points->GetPointR()[i]);
+    for (Int32 i = 0; i < points->GetPointCount(); ++i)
+      box.extend(toFrame * points->GetPointR()[i]);
   }
   for (const BaseObject* child = state->GetDown(); child; child = child->GetNext())
     extendByState(box, child, toFrame * child->GetMl());
@@ -110,7 +111,8 @@ BaseObject* currentStateOf(BaseObject* object, BaseDocument* document) {
   ModelingCommandData command;
   command.doc = document;
   command.op = object;
-  if (!SendModelingCommand(MCOMMAND_CURRENTSTATETOOBJECT, command) || !command.result) return nullptr;
+  if (!SendModelingCommand(MCOMMAND_CURRENTSTATETOOBJECT, command) || !command.result)
+    return nullptr;
   return static_cast<BaseObject*>(command.result->GetIndex(0));
 }
 

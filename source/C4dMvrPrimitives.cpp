@@ -69,15 +69,16 @@ std::string C4dMvrLoader::registerPrimitive(BaseObject* object, const std::strin
   return object ? registerObject(name, object) : std::string();
 }
 
-std::string C4dMvrLoader::createBox(const std::string& name, const mv::Matrix4& matrix,
-                                    double size, int resolution) {
+std::string C4dMvrLoader::createBox(const std::string& name, const mv::Matrix4& matrix, double size,
+                                    int resolution) {
   BaseObject* box = allocatePrimitive(Ocube, name, matrix);
   if (!box) return {};
   box->SetPhong(true, true, kPhongAngle);
   BaseContainer* data = box->GetDataInstance();
   data->SetVector(IdCubeSize, Vector(size));
   if (resolution > 0) {
-    for (int id : {IdCubeSegmentsX, IdCubeSegmentsY, IdCubeSegmentsZ}) data->SetLong(id, resolution);
+    for (int id : {IdCubeSegmentsX, IdCubeSegmentsY, IdCubeSegmentsZ})
+      data->SetLong(id, resolution);
   }
   return registerPrimitive(box, name);
 }
@@ -97,8 +98,8 @@ std::string C4dMvrLoader::createCone(const std::string& name, const mv::Matrix4&
   return registerPrimitive(cone, name);
 }
 
-std::string C4dMvrLoader::createCylinder(const std::string& name, const mv::Matrix4& matrix,
-                                         double, double, int) {
+std::string C4dMvrLoader::createCylinder(const std::string& name, const mv::Matrix4& matrix, double,
+                                         double, int) {
   BaseObject* cylinder = allocatePrimitive(Ocylinder, name, matrix);
   if (!cylinder) return {};
   // The host's own cylinder stands: its defaults are what the classic cylinder was drawn like.
@@ -197,13 +198,12 @@ std::string C4dMvrLoader::createAttractorPrim(const std::string& name, const mv:
 }
 
 // Profiles (kind not 0) are moved into the host's axes; paths (kind 0) keep the library's.
-std::string C4dMvrLoader::createSpline(const std::string& name, int kind,
-                                       const mv::Matrix4& matrix, int interpolate, int subdivision,
-                                       const mv::Spline& spline) {
+std::string C4dMvrLoader::createSpline(const std::string& name, int kind, const mv::Matrix4& matrix,
+                                       int interpolate, int subdivision, const mv::Spline& spline) {
   const Int32 count = static_cast<Int32>(spline.getPointCount());
   const Int32 segments = static_cast<Int32>(spline.getSegmentCount());
-  SplineObject* object = SplineObject::Alloc(count, interpolate ? SPLINETYPE_CUBIC
-                                                                : SPLINETYPE_LINEAR);
+  SplineObject* object =
+      SplineObject::Alloc(count, interpolate ? SPLINETYPE_CUBIC : SPLINETYPE_LINEAR);
   if (!object || !object->ResizeObject(count, segments)) {
     BaseObject* failed = object;
     BaseObject::Free(failed);

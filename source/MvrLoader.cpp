@@ -107,8 +107,7 @@ void landMaterials(PolygonObject* object, BaseDocument* doc, const Filename& nam
     BaseMaterial* host = C4dMvrLoader::makeHostMaterial(name, &data, material);
     if (!host) continue;
     doc->InsertMaterial(host);
-    if (TextureTag* tag =
-            C4dMvrLoader::makeTextureTag(host, {0, 0, 0}, {1, -1, 1}, material.name))
+    if (TextureTag* tag = C4dMvrLoader::makeTextureTag(host, {0, 0, 0}, {1, -1, 1}, material.name))
       object->InsertTag(tag);
   }
 }

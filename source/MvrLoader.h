@@ -45,10 +45,9 @@ class MvrLoader : public SceneLoaderData {
   static NodeData* Alloc() { return new MvrLoader; }
 
   Bool Init(GeListNode* node) override;
-  Bool GetDDescription(GeListNode* node, Description* description,
-                       DESCFLAGS_DESC& flags) override;
-  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value,
-                    DESCFLAGS_ENABLE flags, const BaseContainer* itemdesc) override;
+  Bool GetDDescription(GeListNode* node, Description* description, DESCFLAGS_DESC& flags) override;
+  Bool GetDEnabling(GeListNode* node, const DescID& id, const GeData& value, DESCFLAGS_ENABLE flags,
+                    const BaseContainer* itemdesc) override;
   Bool Identify(BaseSceneLoader* node, const Filename& name, UChar* probe, Int32 size) override;
   Int32 Load(BaseSceneLoader* node, const Filename& name, BaseDocument* doc, Int32 filterflags,
              String* error, BaseThread* thread) override;

@@ -123,10 +123,9 @@ TEST(MvrGeneratorImport, aTreeBecomesABranchWithProfilePathAndTropismInThatOrder
   Import import;
   import.run("import-tree.mvr",
              sceneOf(structOf("Camera", "Camera {\n}\nChildren {\n\"Oak\"\n}\n") +
-                     structOf("Oak", kTube +
-                                         "Tree {\nPairs 1\nBranch_Num {6,1,100}\n"
-                                         "Phototropism {\nSize 3\n0,0,0\n0.5,0.5,0\n1,0,0\n}\n"
-                                         "}\n")));
+                     structOf("Oak", kTube + "Tree {\nPairs 1\nBranch_Num {6,1,100}\n"
+                                             "Phototropism {\nSize 3\n0,0,0\n0.5,0.5,0\n1,0,0\n}\n"
+                                             "}\n")));
   ASSERT_EQ(import.result, FILEERROR_NONE);
   const BaseObject* oak = import.find("Oak");
   ASSERT_TRUE(oak);
@@ -193,8 +192,7 @@ TEST(MvrGeneratorImport, circlesAreNSidesUnlessFourDivideTheirPoints) {
     Int32 type;
     Int32 intermediate;  // a circle's points between its four: points / 4 - 1, rounded
   };
-  const Row rows[] = {
-      {1, 6, Osplinenside, 0}, {1, 16, Osplinecircle, 3}, {2, 6, Osplinecircle, 1}};
+  const Row rows[] = {{1, 6, Osplinenside, 0}, {1, 16, Osplinecircle, 3}, {2, 6, Osplinecircle, 1}};
   for (const Row& row : rows) {
     BaseContainer settings;
     MvrLoader::initSettings(settings);
@@ -251,9 +249,8 @@ TEST(MvrGeneratorImport, theDeformGridIsFittedToWhatStandsBelowIt) {
     lattice += std::to_string(i & 1) + "," + std::to_string((i >> 1) & 1) + "," +
                std::to_string((i >> 2) & 1) + "\n";
   lattice += "}\n}\nChildren {\n\"Block\"\n}\n";
-  import.run("import-grid.mvr",
-             sceneOf(structOf("Lean", lattice) +
-                     structOf("Block", "Primitive {\nType \"Box\"\n}\n")));
+  import.run("import-grid.mvr", sceneOf(structOf("Lean", lattice) +
+                                        structOf("Block", "Primitive {\nType \"Box\"\n}\n")));
   ASSERT_EQ(import.result, FILEERROR_NONE);
   const BaseObject* grid = import.find("Lean");
   ASSERT_TRUE(grid);
@@ -330,8 +327,9 @@ TEST(MvrImportMaterials, aTextureTagCarriesOffsetYAndScale) {
 
 TEST(MvrImportMaterials, materialsComeOnlyWhenAskedFor) {
   const std::string scene =
-      sceneOf(structOf("Box", "Primitive {\nType \"Box\"\nUse_GFXColor\nColor \"red\"\n"
-                              "GFXColor {\nDIFFUSE 1,0,0\n}\n}\n"));
+      sceneOf(structOf("Box",
+                       "Primitive {\nType \"Box\"\nUse_GFXColor\nColor \"red\"\n"
+                       "GFXColor {\nDIFFUSE 1,0,0\n}\n}\n"));
   Import with, without;
   with.run("import-material.mvr", scene);
   without.run("import-no-material.mvr", scene, SCENEFILTER_OBJECTS);
@@ -348,8 +346,9 @@ TEST(MvrPolygonImport, theSceneLandsAsOnePolygonObjectWithItsMaterials) {
   Import import(MvrLoader::ModePolygons);
   import.run("import-polygons.mvr",
              sceneOf(structOf("Camera", "Camera {\n}\nChildren {\n\"Box\"\n}\n") +
-                     structOf("Box", "Primitive {\nType \"Box\"\nUse_GFXColor\nColor \"red\"\n"
-                                     "GFXColor {\nDIFFUSE 1,0,0\n}\n}\n")));
+                     structOf("Box",
+                              "Primitive {\nType \"Box\"\nUse_GFXColor\nColor \"red\"\n"
+                              "GFXColor {\nDIFFUSE 1,0,0\n}\n}\n")));
   ASSERT_EQ(import.result, FILEERROR_NONE);
   const BaseObject* object = import.document->GetFirstObject();
   ASSERT_TRUE(object);
@@ -417,8 +416,11 @@ TEST(MvrSceneLoader, settingsAreEnabledByTheImportMode) {
     Int32 id;
     bool polygons, generators;
   };
-  const Row rows[] = {{2002, false, true}, {2005, false, true}, {2010, false, true},
-                      {2011, true, true},  {1000, true, true}};
+  const Row rows[] = {{2002, false, true},
+                      {2005, false, true},
+                      {2010, false, true},
+                      {2011, true, true},
+                      {1000, true, true}};
   for (const Row& row : rows) {
     settings->SetLong(MvrLoader::IdImportMode, MvrLoader::ModePolygons);
     EXPECT_EQ(loader.GetDEnabling(&node, DescID(row.id), none, 0, nullptr), row.polygons) << row.id;
