@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-
 #include <string>
 
 #include "classic/SceneGraph.h"
@@ -8,6 +7,7 @@
 #include "host/BaseContainer.h"
 #include "host/BaseDocument.h"
 #include "host/BaseObject.h"
+#include "host/DocumentFile.h"
 #include "host/DocumentMesh.h"
 #include "host/SceneLoaderData.h"
 #include "scene/MvrSceneLoader.h"
@@ -15,6 +15,7 @@
 #include "support/CapturingConsole.h"
 #include "support/CapturingMessageHandler.h"
 #include "support/SceneRendering.h"
+#include "support/TestOutput.h"
 
 namespace {
 
@@ -52,8 +53,8 @@ size_t convertedTriangles(const std::string& path, double unit) {
   return triangles;
 }
 
-const char* const kExamples[] = {"horn",  "hydra",           "leaf",   "oak",       "plant",
-                                 "pot",   "shared-children", "solids", "sunflower", "vase"};
+const char* const kExamples[] = {"horn", "hydra",           "leaf",   "oak",       "plant",
+                                 "pot",  "shared-children", "solids", "sunflower", "vase"};
 
 std::string examplePath(const std::string& name) {
   return std::string(MORVO_SOURCE_DIR) + "/examples/" + name + ".mvr";
@@ -76,8 +77,7 @@ TEST(MvrImportExamples, thePolygonImportIsTheClassicRenderAsOneObject) {
     EXPECT_FALSE(document->GetFirstObject()->GetNext()) << name;
     DocumentMesh mesh;
     ASSERT_TRUE(mesh.collect(document)) << name;
-    EXPECT_EQ(trianglesOf(mesh.mesh()), classicTriangles(examplePath(name), 100.0))
-        << name;
+    EXPECT_EQ(trianglesOf(mesh.mesh()), classicTriangles(examplePath(name), 100.0)) << name;
     BaseDocument::Free(document);
   }
 }
@@ -94,4 +94,29 @@ TEST(MvrImportExamples, theGeneratorImportOfEveryExampleRenders) {
               classicTriangles(examplePath(name), 100.0))
         << name;
   }
+}
+
+TEST(MvrImportExamples, aGeneratorDocumentSavesAndLoadsAsItWas) {
+  CapturingConsole console;
+  CapturingMessageHandler messages;
+  BaseDocument* document = BaseDocument::Alloc();
+  BaseContainer data;
+  MvrLoader::initSettings(data);
+  data.SetLong(MvrLoader::IdImportMode, MvrLoader::ModeGenerators);
+  mv::ParameterSetData settings;
+  MvrLoader::copySettings(data, settings);
+  ASSERT_EQ(MvrLoader::importGenerators(Filename(examplePath("oak")), document, SCENEFILTER_OBJECTS,
+                                        data, settings),
+            FILEERROR_NONE);
+  const std::string path = testOutputPath("import-oak-round-trip.morvo");
+  ASSERT_TRUE(DocumentFile::Save(document, Filename(path)));
+  BaseDocument* loaded = DocumentFile::Load(Filename(path));
+  ASSERT_TRUE(loaded);
+  // Objects, names, containers, curves and links come back as they were written.
+  EXPECT_EQ(DocumentFile::ToText(loaded), DocumentFile::ToText(document));
+  DocumentMesh mesh;
+  ASSERT_TRUE(mesh.collect(loaded));
+  EXPECT_GT(trianglesOf(mesh.mesh()), 1000u);
+  BaseDocument::Free(loaded);
+  BaseDocument::Free(document);
 }
