@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
   addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
+  addImportCommand(app, result);
 
   try {
     app.parse(argc, argv);
