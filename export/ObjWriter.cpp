@@ -157,7 +157,9 @@ void ObjWriter::writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
   for (int index : MaterialTable::usedIndices(mesh)) {
     const ExportMaterial material = materials_.lookup(index);
     out.write("\nnewmtl " + objName(material.name) + "\n");
-    (Line("Kd") << material.red << material.green << material.blue).writeTo(out);
+    // Colours come from single-precision files: their shortest float text is what was meant.
+    (Line("Kd") << float(material.red) << float(material.green) << float(material.blue))
+        .writeTo(out);
     out.write("Ka 0 0 0\nKs 0 0 0\nd 1\nillum 1\n");
     if (material.textureFile.empty()) continue;
     const std::string reference = TextureReference::relative(material.textureFile);

@@ -33,7 +33,8 @@ void writeText(const std::string& path, const std::string& text) {
 }
 
 // Temporary files of process pid in a folder, by default the output folder.
-size_t temporaryFilesOf(pid_t pid, fs::path directory = fs::path(testOutputPath("x")).parent_path()) {
+size_t temporaryFilesOf(pid_t pid,
+                        fs::path directory = fs::path(testOutputPath("x")).parent_path()) {
   char prefix[32];
   std::snprintf(prefix, sizeof prefix, ".mv%x-", unsigned(pid));
   size_t count = 0;
@@ -71,10 +72,9 @@ TEST(OutputHandling, directoryDeviceAndSymbolicLinkAreNotReplaced) {
   fs::create_directory(base + "/plant.glb");
   writeText(base + "/target.glb", "kept");
   fs::create_symlink("target.glb", base + "/link.glb");
-  const std::pair<std::string, std::string> rows[] = {
-      {base + "/plant.glb", "a directory"},
-      {base + "/link.glb", "a symbolic link"},
-      {"/dev/null", "a device or special file"}};
+  const std::pair<std::string, std::string> rows[] = {{base + "/plant.glb", "a directory"},
+                                                      {base + "/link.glb", "a symbolic link"},
+                                                      {"/dev/null", "a device or special file"}};
   for (const auto& [path, kind] : rows) {
     CapturingMessageHandler messages;
     EXPECT_FALSE(writeWith(path, false)) << path;
@@ -148,7 +148,8 @@ TEST(OutputHandling, interruptedWriteLeavesTheDestinationAndNoTemporaryFile) {
       const pid_t child = fork();
       ASSERT_GE(child, 0);
       if (child == 0) {
-        _exit(suffix == ".glb" ? mv::GlbWriter().write(large, path) : mv::ObjWriter().write(large, path));
+        _exit(suffix == ".glb" ? mv::GlbWriter().write(large, path)
+                               : mv::ObjWriter().write(large, path));
       }
       while (temporaryFilesOf(child, base) == 0) {
         std::this_thread::sleep_for(std::chrono::microseconds(100));
