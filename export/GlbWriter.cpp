@@ -16,10 +16,10 @@
 #include "core/MessageSink.h"
 #include "export/AtomicFile.h"
 #include "export/CornerNormals.h"
+#include "export/CornerWeld.h"
 #include "export/ExportableMesh.h"
 #include "export/FileAxes.h"
 #include "export/PhaseTimes.h"
-#include "export/RecordWeld.h"
 #include "export/ShellOrientation.h"
 #include "export/TextureReference.h"
 #include "export/Utf8Text.h"
@@ -199,10 +199,10 @@ class PrimitiveWriter {
  public:
   PrimitiveWriter(const MeshData& mesh, const CornerNormals& normals,
                   const ShellOrientation& shells)
-      : mesh_(mesh), normals_(normals), shells_(shells) {}
+      : mesh_(mesh), normals_(normals), shells_(shells), weld_(mesh.points.size(), 5) {}
 
   void weld(const Primitive& primitive) {
-    weld_ = std::make_unique<RecordWeld>(6, size_t(primitive.triangles / 2 + 16));
+    weld_.clear();
     indices_.clear();
     indices_.reserve(size_t(3 * primitive.triangles));
     for (uint32_t i = 0; i < mesh_.polygons.size(); ++i) {
@@ -212,13 +212,13 @@ class PrimitiveWriter {
 
   // Appends positions, normals, texture coordinates and indices to the file, each a view.
   void write(AtomicFile& file, Document& document, size_t first) {
-    const size_t count = weld_->size();
+    const size_t count = weld_.size();
     Accessor& position = document.accessors[first];
     position.bounded = true;
     position.min.fill(std::numeric_limits<double>::max());
     position.max.fill(std::numeric_limits<double>::lowest());
     writeView(file, document, first, count, 12, [&](size_t v, float* out) {
-      const Vector3 p = FileAxes::fromLibrary(mesh_.points[weld_->record(v)[0]]);
+      const Vector3 p = FileAxes::fromLibrary(mesh_.points[weld_.point(v)]);
       out[0] = float(p.x), out[1] = float(p.y), out[2] = float(p.z);
       for (int k = 0; k < 3; ++k) {
         position.min[k] = std::min(position.min[k], double(out[k]));
@@ -226,12 +226,10 @@ class PrimitiveWriter {
       }
     });
     writeView(file, document, first + 1, count, 12,
-              [&](size_t v, float* out) { std::memcpy(out, weld_->record(v) + 1, 12); });
+              [&](size_t v, float* out) { std::memcpy(out, weld_.attributes(v), 12); });
     writeView(file, document, first + 2, count, 8,
-              [&](size_t v, float* out) { std::memcpy(out, weld_->record(v) + 4, 8); });
+              [&](size_t v, float* out) { std::memcpy(out, weld_.attributes(v) + 3, 8); });
     writeIndices(file, document, first + 3, count > kLargestShortIndexCount);
-    weld_.reset();
-    indices_ = std::vector<uint32_t>();
   }
 
  private:
@@ -247,9 +245,10 @@ class PrimitiveWriter {
       const Vector3 normal = FileAxes::fromLibrary(normals_.at(i, k) * (reversed ? -1.0 : 1.0));
       const float values[5] = {float(normal.x), float(normal.y), float(normal.z), float(uvs[k]->x),
                                float(uvs[k]->y)};
-      uint32_t record[6] = {points[k]};
-      std::memcpy(record + 1, values, sizeof values);
-      vertex[k] = weld_->indexOf(record);
+      uint32_t attributes[5];
+      std::memcpy(attributes, values, sizeof values);
+      bool added;
+      vertex[k] = weld_.indexOf(points[k], attributes, added);
     }
     // Quads split along a-c; reversing keeps the diagonal.
     static const int forward[2][3] = {{0, 1, 2}, {0, 2, 3}};
@@ -314,7 +313,7 @@ class PrimitiveWriter {
   const MeshData& mesh_;
   const CornerNormals& normals_;
   const ShellOrientation& shells_;
-  std::unique_ptr<RecordWeld> weld_;
+  CornerWeld weld_;
   std::vector<uint32_t> indices_;
 };
 
