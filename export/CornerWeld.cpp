@@ -10,10 +10,18 @@ CornerWeld::CornerWeld(size_t pointCount, size_t width)
       chained_(pointCount, 0),
       overflow_(width + 1, 16) {}
 
+bool CornerWeld::sameAttributes(uint32_t vertex, const uint32_t* attributes) const {
+  const uint32_t* stored = attributes_.data() + size_t(vertex) * width_;
+  for (size_t k = 0; k < width_; ++k) {
+    if (stored[k] != attributes[k]) return false;
+  }
+  return true;
+}
+
 uint32_t CornerWeld::indexOf(uint32_t point, const uint32_t* attributes, bool& added) {
   added = false;
   for (uint32_t v = latest_[point]; v != kNone; v = previous_[v]) {
-    if (std::memcmp(attributes_.data() + size_t(v) * width_, attributes, width_ * 4) == 0) return v;
+    if (sameAttributes(v, attributes)) return v;
   }
   if (chained_[point] == kLongestChain) return overflowIndexOf(point, attributes, added);
   added = true;

@@ -31,6 +31,7 @@ class CornerWeld {
   static constexpr uint32_t kNone = 0xffffffffu;
   static constexpr uint8_t kLongestChain = 32;
 
+  bool sameAttributes(uint32_t vertex, const uint32_t* attributes) const;
   uint32_t add(uint32_t point, const uint32_t* attributes);
   uint32_t overflowIndexOf(uint32_t point, const uint32_t* attributes, bool& added);
 
