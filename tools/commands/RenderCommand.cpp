@@ -3,6 +3,7 @@
 // exit status is non-zero only when nothing could be loaded or the file could not be written.
 // The output is never the input; a directory, device or symbolic link in its place is replaced
 // only with --force.
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -20,35 +21,23 @@
 
 namespace {
 
-// Passes every message on and turns the load's notes about what it skipped, which it gives at
-// debug level, into warnings.
-class SkipReporter : public mv::MessageHandler {
- public:
-  explicit SkipReporter(mv::MessageHandler* next) : next_(next) {}
-
-  void error(const std::string& text) override { forward(&mv::MessageHandler::error, text); }
-  void warning(const std::string& text) override { forward(&mv::MessageHandler::warning, text); }
-  void info(const std::string& text) override { forward(&mv::MessageHandler::info, text); }
-  void print(const std::string& text) override { forward(&mv::MessageHandler::print, text); }
-  void debug(const std::string& text) override;
-
- private:
-  void forward(void (mv::MessageHandler::*kind)(const std::string&), const std::string& text) {
-    if (next_) (next_->*kind)(text);
-  }
-
-  mv::MessageHandler* next_;
-  std::string lastLink_;
-};
-
-void SkipReporter::debug(const std::string& text) {
-  forward(&mv::MessageHandler::debug, text);
-  if (text.rfind("insertUnder(", 0) == 0) lastLink_ = text;
-  if (text.rfind("Unknown Component Type", 0) == 0) {
-    warning(text + ": loaded as a plain group");
-  } else if (text == "object not found in node list" || text == "parent not found in node list" ||
-             text == "insertUnder Error") {
-    warning("link skipped, " + lastLink_ + ": " + text);
+// One warning per thing the load passed over.
+void reportSkips(const std::vector<mv::MvrSkip>& skipped) {
+  for (const mv::MvrSkip& skip : skipped) {
+    switch (skip.kind) {
+      case mv::MvrSkip::MissingLink:
+        mv::messageSink.warning("\"" + skip.object + "\" links \"" + skip.target +
+                                "\", which is no object of the scene: skipped");
+        break;
+      case mv::MvrSkip::UnknownType:
+        mv::messageSink.warning("\"" + skip.object + "\" is of the unknown type \"" + skip.target +
+                                "\": loaded as a plain group");
+        break;
+      case mv::MvrSkip::FailedLink:
+        mv::messageSink.warning("link of \"" + skip.object + "\" under \"" +
+                                (skip.target.empty() ? "the top" : skip.target) + "\" skipped");
+        break;
+    }
   }
 }
 
@@ -116,6 +105,10 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
     return 2;
   }
+  if (!std::isfinite(options.unit) || options.unit <= 0.0) {
+    mv::messageSink.error("render: the unit must be a finite positive number");
+    return 2;
+  }
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
@@ -123,13 +116,8 @@ int render(const RenderOptions& options) {
   if (outputIsInput(options)) return 2;
   RenderedScene scene;
   mv::PhaseTimes times;
-  {
-    SkipReporter reporter(mv::messageSink.handler);
-    mv::MessageHandler* previous = mv::messageSink.handler;
-    mv::messageSink.handler = &reporter;
-    renderScene(input, options.unit, options.printTree, scene, &times);
-    mv::messageSink.handler = previous;
-  }
+  renderScene(input, options.unit, options.printTree, scene, &times);
+  reportSkips(scene.skipped);
   if (scene.topObjects == 0) {
     mv::messageSink.error("render: nothing could be loaded from \"" + input + "\"");
     return 1;

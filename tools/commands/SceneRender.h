@@ -4,9 +4,11 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "geometry/MeshData.h"
 #include "scene/MvrMaterial.h"
+#include "scene/MvrSkip.h"
 
 namespace mv {
 class PhaseTimes;
@@ -17,6 +19,7 @@ struct RenderedScene {
   std::map<int, mv::MvrMaterial> materials;  // the first material of each index
   bool loaded = false;                       // the load ran to its end
   int topObjects = 0;                        // objects that reached the top of the graph
+  std::vector<mv::MvrSkip> skipped;          // what the load passed over
 };
 
 // Loads path with the import scale unit and evaluates it into out. Messages go through
