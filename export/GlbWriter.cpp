@@ -10,7 +10,6 @@
 #include <iterator>
 #include <limits>
 #include <map>
-#include <memory>
 #include <utility>
 
 #include "core/MessageSink.h"
