@@ -8,8 +8,12 @@ TEST(NearestName, editDistanceCountsInsertionsDeletionsAndSubstitutions) {
     const char* b;
     std::size_t distance;
   };
-  const Case cases[] = {{"", "", 0},           {"render", "render", 0}, {"rendr", "render", 1},
-                        {"rnder", "render", 1}, {"rendre", "render", 2}, {"", "demo", 4},
+  const Case cases[] = {{"", "", 0},
+                        {"render", "render", 0},
+                        {"rendr", "render", 1},
+                        {"rnder", "render", 1},
+                        {"rendre", "render", 2},
+                        {"", "demo", 4},
                         {"kitten", "sitting", 3}};
   for (const Case& c : cases) {
     EXPECT_EQ(editDistance(c.a, c.b), c.distance) << c.a << " " << c.b;
