@@ -48,14 +48,13 @@ Float Noise(const Vector& p) {
   Float u = fade(x), v = fade(y), w = fade(z);
   int A = perm[X] + Y, AA = perm[A] + Z, AB = perm[A + 1] + Z;
   int B = perm[X + 1] + Y, BA = perm[B] + Z, BB = perm[B + 1] + Z;
-  Float n = lerp(w,
-                 lerp(v, lerp(u, gradient(perm[AA], x, y, z), gradient(perm[BA], x - 1, y, z)),
-                      lerp(u, gradient(perm[AB], x, y - 1, z), gradient(perm[BB], x - 1, y - 1, z))),
-                 lerp(v,
-                      lerp(u, gradient(perm[AA + 1], x, y, z - 1),
-                           gradient(perm[BA + 1], x - 1, y, z - 1)),
-                      lerp(u, gradient(perm[AB + 1], x, y - 1, z - 1),
-                           gradient(perm[BB + 1], x - 1, y - 1, z - 1))));
+  Float n = lerp(
+      w,
+      lerp(v, lerp(u, gradient(perm[AA], x, y, z), gradient(perm[BA], x - 1, y, z)),
+           lerp(u, gradient(perm[AB], x, y - 1, z), gradient(perm[BB], x - 1, y - 1, z))),
+      lerp(v, lerp(u, gradient(perm[AA + 1], x, y, z - 1), gradient(perm[BA + 1], x - 1, y, z - 1)),
+           lerp(u, gradient(perm[AB + 1], x, y - 1, z - 1),
+                gradient(perm[BB + 1], x - 1, y - 1, z - 1))));
   if (!std::isfinite(n)) return 0.5;
   return std::fmin(1.0, std::fmax(0.0, 0.5 + 0.5 * n));
 }

@@ -4,8 +4,8 @@
 
 #include "host/GeRayCollider.h"
 #include "host/Noise.h"
-#include "host/PrimitiveShapes.h"
 #include "host/PolygonObject.h"
+#include "host/PrimitiveShapes.h"
 #include "host/Random.h"
 
 namespace {
