@@ -17,7 +17,8 @@ void runHooks(HairObject* hair, HierarchyHelp* hh) {
     HairPluginObjectData* hook = nullptr;
     if (!tag->Message(MSG_HAIR_GET_OBJECT_TYPE, &hook) || !hook || !hook->calc_generate) continue;
     hook->calc_generate(hh->GetDocument(), tag, hair, hh->GetThread(), nullptr, 0);
-    HairGuides* guides = hook->calc_generate(hh->GetDocument(), tag, hair, hh->GetThread(), nullptr, 1);
+    HairGuides* guides =
+        hook->calc_generate(hh->GetDocument(), tag, hair, hh->GetThread(), nullptr, 1);
     if (guides && guides != hair->GetGuides()) hair->SetGuides(guides, false);
   }
 }

@@ -32,7 +32,8 @@ class StubbleTag : public TagData {
   static HairGuides* generate(BaseDocument*, BaseList2D*, HairObject* hair, BaseThread*, void*,
                               Int32 pass) {
     ++passes;
-    auto* surface = dynamic_cast<PolygonObject*>(hair->GetDataInstance()->GetObjectLink(HAIRSTYLE_LINK));
+    auto* surface =
+        dynamic_cast<PolygonObject*>(hair->GetDataInstance()->GetObjectLink(HAIRSTYLE_LINK));
     if (pass != 1 || !surface) return nullptr;
     hair->SetGuides(HairGuides::Alloc(surface->GetPolygonCount(), 2), false);
     HairGuides* guides = hair->GetGuides();
