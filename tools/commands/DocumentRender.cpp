@@ -1,6 +1,7 @@
 #include "commands/DocumentRender.h"
 
-#include "console/HostConsoleBridge.h"
+#include "commands/PluginSession.h"
+#include "console/StandardErrorConsole.h"
 #include "core/MessageSink.h"
 #include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
@@ -9,7 +10,9 @@
 #include "host/DocumentMesh.h"
 
 int renderDocument(const std::string& input, const std::string& output) {
-  HostConsoleBridge console;
+  StandardErrorConsole console;
+  PluginSession plugin;  // so that the plug-in's objects in the document evaluate
+  if (!plugin.loaded()) return 1;
   BaseDocument* doc = DocumentFile::Load(input);
   if (!doc) return 1;
   DocumentMesh collected;

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "commands/Commands.h"
+#include "commands/PluginSession.h"
 #include "console/StandardErrorConsole.h"
 #include "core/MessageSink.h"
 #include "core/ProgressSink.h"
@@ -30,28 +31,6 @@ struct ImportOptions {
   double unit = 100.0;
   bool treeKnotPath = false, hornKnotPath = false, fractionalCurvature = false;
   bool noMaterials = false, verbose = false;
-};
-
-// The plug-in for the length of one command, with the handlers of the command restored after.
-class PluginSession {
- public:
-  PluginSession()
-      : messages_(mv::messageSink.handler),
-        progress_(mv::progressSink.handler),
-        loaded_(PluginLoader::Load(&c4d_main, MORVO_RESOURCE_DIR "/")) {}
-  ~PluginSession() {
-    if (loaded_) PluginLoader::Unload(&c4d_main);
-    mv::messageSink.handler = messages_;
-    mv::progressSink.handler = progress_;
-  }
-  PluginSession(const PluginSession&) = delete;
-  PluginSession& operator=(const PluginSession&) = delete;
-  bool loaded() const { return loaded_; }
-
- private:
-  mv::MessageHandler* messages_;
-  mv::ProgressHandler* progress_;
-  bool loaded_;
 };
 
 // The first bytes of the file, as the host offers them to a scene loader.
