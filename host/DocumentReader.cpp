@@ -35,10 +35,14 @@ bool isNumberArray(const Json& json, size_t size) {
   return true;
 }
 
-Vector toVector(const Json& json) { return {json[0].get<double>(), json[1].get<double>(), json[2].get<double>()}; }
+Vector toVector(const Json& json) {
+  return {json[0].get<double>(), json[1].get<double>(), json[2].get<double>()};
+}
 
 Matrix toMatrix(const Json& json) {
-  auto at = [&](int i) { return Vector(json[i].get<double>(), json[i + 1].get<double>(), json[i + 2].get<double>()); };
+  auto at = [&](int i) {
+    return Vector(json[i].get<double>(), json[i + 1].get<double>(), json[i + 2].get<double>());
+  };
   return Matrix(at(0), at(3), at(6), at(9));
 }
 
@@ -55,12 +59,14 @@ Int32 classOf(PluginKind kind, const Json& type) {
 // A parameter key: a name of the class's description, or an id in decimal.
 bool parameterId(const String& key, Int32 classId, Int32& id, String& kind) {
   const DescriptionResource* description = PluginRegistry::FindDescription(classId);
-  if (const DescriptionResource::Parameter* p = description ? description->FindByName(key) : nullptr) {
+  if (const DescriptionResource::Parameter* p =
+          description ? description->FindByName(key) : nullptr) {
     id = p->id;
     kind = p->kind;
     return true;
   }
-  if (key.empty() || key.size() > 10 || key.find_first_not_of("-0123456789") != String::npos) return false;
+  if (key.empty() || key.size() > 10 || key.find_first_not_of("-0123456789") != String::npos)
+    return false;
   long long number = std::stoll(key);
   if (number < INT32_MIN || number > INT32_MAX) return false;
   id = static_cast<Int32>(number);
@@ -95,7 +101,8 @@ BaseDocument* DocumentReader::read(const Json& file, String& error) {
   const Json* version = member(file, "version");
   if (!version || !version->is_number_integer() || version->get<int>() < 1 ||
       version->get<int>() > DocumentFile::kVersion) {
-    error = "its version is not one this program reads (1 to " + std::to_string(DocumentFile::kVersion) + ")";
+    error = "its version is not one this program reads (1 to " +
+            std::to_string(DocumentFile::kVersion) + ")";
     return nullptr;
   }
   doc_ = BaseDocument::Alloc();
@@ -208,7 +215,8 @@ bool DocumentReader::readCustom(const Json& json, GeData& value) {
   if (!cls || !level || !level->is_number_integer() || !values || !values->is_array()) return false;
   std::vector<HyperFile::Value> sequence;
   for (const Json& v : *values) {
-    if (v.is_number_integer() && v.get<long long>() >= INT32_MIN && v.get<long long>() <= INT32_MAX) {
+    if (v.is_number_integer() && v.get<long long>() >= INT32_MIN &&
+        v.get<long long>() <= INT32_MAX) {
       sequence.emplace_back(static_cast<Int32>(v.get<long long>()));
     } else if (v.is_number()) {
       sequence.emplace_back(v.get<double>());
@@ -239,7 +247,8 @@ BaseMaterial* DocumentReader::readMaterial(const Json& record) {
       continue;
     }
     Int32 number = id->get<Int32>();
-    if (const Json* on = member(channel, "on"); on && on->is_boolean()) m->SetChannelState(number, *on);
+    if (const Json* on = member(channel, "on"); on && on->is_boolean())
+      m->SetChannelState(number, *on);
     if (const Json* params = member(channel, "parameters")) {
       BaseContainer data;
       linksAllowed_ = false;  // a channel is no node a link can be kept on
@@ -261,23 +270,30 @@ BaseObject* DocumentReader::readObject(const Json& record, int depth) {
   Int32 classId = type ? classOf(PluginKind::Object, *type) : 0;
   BaseObject* op = classId ? BaseObject::Alloc(classId) : nullptr;
   if (!op) {
-    warn(describe(record) + " has an unknown type " + (type ? type->dump() : String("(none)")) + " and is left out");
+    warn(describe(record) + " has an unknown type " + (type ? type->dump() : String("(none)")) +
+         " and is left out");
     return nullptr;
   }
   readNode(record, op, classId);
   if (const Json* m = member(record, "matrix")) {
-    if (isNumberArray(*m, 12)) op->SetMl(toMatrix(*m));
-    else warn("the matrix of \"" + op->GetName() + "\" is not 12 numbers");
+    if (isNumberArray(*m, 12))
+      op->SetMl(toMatrix(*m));
+    else
+      warn("the matrix of \"" + op->GetName() + "\" is not 12 numbers");
   }
   for (const char* key : {"editorMode", "renderMode"}) {
     const Json* mode = member(record, key);
     if (!mode) continue;
     Int32 value = mode->is_number_integer() ? mode->get<Int32>() : -1;
-    if (value < MODE_ON || value > MODE_UNDEF) warn(String(key) + " of \"" + op->GetName() + "\" is not 0, 1 or 2");
-    else if (key[0] == 'e') op->SetEditorMode(value);
-    else op->SetRenderMode(value);
+    if (value < MODE_ON || value > MODE_UNDEF)
+      warn(String(key) + " of \"" + op->GetName() + "\" is not 0, 1 or 2");
+    else if (key[0] == 'e')
+      op->SetEditorMode(value);
+    else
+      op->SetRenderMode(value);
   }
-  if (!readGeometry(record, op)) warn("the points or polygons of \"" + op->GetName() + "\" are broken and left out");
+  if (!readGeometry(record, op))
+    warn("the points or polygons of \"" + op->GetName() + "\" are broken and left out");
   if (const Json* tags = member(record, "tags"); tags && tags->is_array()) {
     BaseTag* last = nullptr;
     for (const Json& t : *tags) {
@@ -314,7 +330,8 @@ bool DocumentReader::readGeometry(const Json& record, BaseObject* op) {
       Int32 c[4];
       for (size_t k = 0; k < 4; ++k) {
         const Json& v = f[std::min(k, f.size() - 1)];
-        if (!v.is_number_integer() || v.get<long long>() < 0 || v.get<long long>() >= count) return false;
+        if (!v.is_number_integer() || v.get<long long>() < 0 || v.get<long long>() >= count)
+          return false;
         c[k] = v.get<Int32>();
       }
       faces.emplace_back(c[0], c[1], c[2], c[3]);
@@ -326,7 +343,8 @@ bool DocumentReader::readGeometry(const Json& record, BaseObject* op) {
     std::vector<Segment> runs;
     long long total = 0;
     for (const Json& s : segments && segments->is_array() ? *segments : emptyArray()) {
-      if (!s.is_array() || s.size() != 2 || !s[0].is_number_integer() || !s[1].is_boolean()) return false;
+      if (!s.is_array() || s.size() != 2 || !s[0].is_number_integer() || !s[1].is_boolean())
+        return false;
       total += s[0].get<long long>();
       if (s[0].get<long long>() < 0 || total > count) return false;
       runs.push_back({s[0].get<Int32>(), s[1].get<bool>()});
@@ -342,7 +360,8 @@ bool DocumentReader::readGeometry(const Json& record, BaseObject* op) {
 }
 
 BaseTag* DocumentReader::readTag(const Json& record, BaseObject* op) {
-  if (!record.is_object()) return warn("a tag of \"" + op->GetName() + "\" is not an object"), nullptr;
+  if (!record.is_object())
+    return warn("a tag of \"" + op->GetName() + "\" is not an object"), nullptr;
   const Json* type = member(record, "type");
   Int32 classId = type ? classOf(PluginKind::Tag, *type) : 0;
   BaseTag* tag = classId ? BaseTag::Alloc(classId) : nullptr;
@@ -366,11 +385,14 @@ void DocumentReader::readTagData(const Json& record, BaseTag* tag) {
     for (size_t i = 0; i < list->size(); ++i) {
       const Json& c = (*list)[i];
       if (!isNumberArray(c, 12)) return warn("a UVW entry is not 12 numbers");
-      uvw->SetSlow(static_cast<Int32>(i), {{c[0], c[1], c[2]}, {c[3], c[4], c[5]}, {c[6], c[7], c[8]}, {c[9], c[10], c[11]}});
+      uvw->SetSlow(
+          static_cast<Int32>(i),
+          {{c[0], c[1], c[2]}, {c[3], c[4], c[5]}, {c[6], c[7], c[8]}, {c[9], c[10], c[11]}});
     }
   } else if (auto* selection = dynamic_cast<SelectionTag*>(tag); selection && listOf("selection")) {
     for (const Json& i : *list) {
-      if (!i.is_number_integer() || i.get<long long>() < 0 || i.get<long long>() > INT32_MAX) return warn("a selection holds no element number");
+      if (!i.is_number_integer() || i.get<long long>() < 0 || i.get<long long>() > INT32_MAX)
+        return warn("a selection holds no element number");
       selection->GetBaseSelect()->Select(i.get<Int32>());
     }
   } else if (auto* line = dynamic_cast<LineTag*>(tag); line && listOf("values")) {
@@ -382,7 +404,8 @@ void DocumentReader::readTagData(const Json& record, BaseTag* tag) {
     segments->Resize(static_cast<Int32>(list->size()));
     for (size_t i = 0; i < list->size(); ++i) {
       const Json& s = (*list)[i];
-      if (!s.is_array() || s.size() != 2 || !s[0].is_number_integer() || !s[1].is_boolean()) return warn("a segment is not [count, closed]");
+      if (!s.is_array() || s.size() != 2 || !s[0].is_number_integer() || !s[1].is_boolean())
+        return warn("a segment is not [count, closed]");
       segments->GetDataAddressW()[i] = {std::max(0, s[0].get<Int32>()), s[1].get<bool>()};
     }
   }
@@ -420,7 +443,8 @@ void DocumentReader::resolveLinks() {
     BaseList2D* node = BaseList2D::FindByUniqueId(link.node);
     BaseList2D* target = resolve(link.target);
     if (!target) {
-      warn("a link of \"" + (node ? node->GetName() : String()) + "\" names nothing: " + link.target.dump());
+      warn("a link of \"" + (node ? node->GetName() : String()) +
+           "\" names nothing: " + link.target.dump());
     }
     BaseContainer* container = node ? node->GetDataInstance() : nullptr;
     for (size_t i = 0; container && i + 1 < link.path.size(); ++i) {

@@ -25,7 +25,7 @@ class DocumentReader {
 
  private:
   struct PendingLink {
-    Int64 node;  // unique id of the node whose container holds the link
+    Int64 node;               // unique id of the node whose container holds the link
     std::vector<Int32> path;  // container ids down to the link
     Json target;
   };
@@ -35,8 +35,8 @@ class DocumentReader {
   BaseObject* readObject(const Json& record, int depth);
   BaseTag* readTag(const Json& record, BaseObject* op);
   void readNode(const Json& record, BaseList2D* node, Int32 classId);
-  void readParameters(const Json& params, BaseContainer& container, Int32 classId,
-                      BaseList2D* node, std::vector<Int32> path);
+  void readParameters(const Json& params, BaseContainer& container, Int32 classId, BaseList2D* node,
+                      std::vector<Int32> path);
   bool readValue(const Json& json, const String& kind, GeData& value, BaseList2D* node,
                  const std::vector<Int32>& path);
   bool readCustom(const Json& json, GeData& value);

@@ -74,7 +74,8 @@ Json DocumentWriter::write(BaseDocument* doc) {
   }
   file["materials"] = materials;
   Json objects = Json::array();
-  for (BaseObject* op = doc->GetFirstObject(); op; op = op->GetNext()) objects.push_back(object(op));
+  for (BaseObject* op = doc->GetFirstObject(); op; op = op->GetNext())
+    objects.push_back(object(op));
   file["objects"] = objects;
   return file;
 }
@@ -124,18 +125,26 @@ Json DocumentWriter::parameters(const BaseContainer& container, Int32 classId) {
 
 Json DocumentWriter::value(const GeData& data, const String& kind) {
   switch (data.GetType()) {
-    case DA_NIL: return nullptr;
-    case DA_LONG: return kind == "BOOL" ? Json(data.GetBool()) : Json(data.GetInt32());
-    case DA_REAL: return data.GetFloat();
-    case DA_VECTOR: return {{"vector", vectorJson(data.GetVector())}};
-    case DA_MATRIX: return {{"matrix", matrixJson(data.GetMatrix())}};
-    case DA_STRING: return data.GetString();
+    case DA_NIL:
+      return nullptr;
+    case DA_LONG:
+      return kind == "BOOL" ? Json(data.GetBool()) : Json(data.GetInt32());
+    case DA_REAL:
+      return data.GetFloat();
+    case DA_VECTOR:
+      return {{"vector", vectorJson(data.GetVector())}};
+    case DA_MATRIX:
+      return {{"matrix", matrixJson(data.GetMatrix())}};
+    case DA_STRING:
+      return data.GetString();
     case DA_ALIASLINK: {
       auto id = data.GetLink() ? fileIds_.find(data.GetLinkId()) : fileIds_.end();
       return id == fileIds_.end() ? Json(nullptr) : Json{{"link", id->second}};
     }
-    case DA_CONTAINER: return {{"container", parameters(*data.GetContainer(), 0)}};
-    default: break;
+    case DA_CONTAINER:
+      return {{"container", parameters(*data.GetContainer(), 0)}};
+    default:
+      break;
   }
   CustomDataTypeClass* cls = PluginRegistry::FindCustomDataType(data.GetType());
   HyperFile file;
@@ -168,13 +177,15 @@ Json DocumentWriter::geometry(BaseObject* op) {
   auto* points = dynamic_cast<PointObject*>(op);
   if (!points) return record;
   Json list = Json::array();
-  for (Int32 i = 0; i < points->GetPointCount(); ++i) list.push_back(vectorJson(points->GetPointR()[i]));
+  for (Int32 i = 0; i < points->GetPointCount(); ++i)
+    list.push_back(vectorJson(points->GetPointR()[i]));
   record["points"] = list;
   if (auto* poly = dynamic_cast<PolygonObject*>(op)) {
     Json polygons = Json::array();
     for (Int32 i = 0; i < poly->GetPolygonCount(); ++i) {
       const CPolygon& p = poly->GetPolygonR()[i];
-      polygons.push_back(p.IsTriangle() ? Json::array({p.a, p.b, p.c}) : Json::array({p.a, p.b, p.c, p.d}));
+      polygons.push_back(p.IsTriangle() ? Json::array({p.a, p.b, p.c})
+                                        : Json::array({p.a, p.b, p.c, p.d}));
     }
     record["polygons"] = polygons;
   }
@@ -194,13 +205,15 @@ Json DocumentWriter::tag(BaseTag* t) {
     Json list = Json::array();
     for (Int32 i = 0; i < uvw->GetDataCount(); ++i) {
       UVWStruct s = uvw->GetSlow(i);
-      list.push_back({s.a.x, s.a.y, s.a.z, s.b.x, s.b.y, s.b.z, s.c.x, s.c.y, s.c.z, s.d.x, s.d.y, s.d.z});
+      list.push_back(
+          {s.a.x, s.a.y, s.a.z, s.b.x, s.b.y, s.b.z, s.c.x, s.c.y, s.c.z, s.d.x, s.d.y, s.d.z});
     }
     record["uvw"] = list;
   } else if (auto* selection = dynamic_cast<SelectionTag*>(t)) {
     record["selection"] = selection->GetBaseSelect()->GetSelected();
   } else if (auto* line = dynamic_cast<LineTag*>(t)) {
-    record["values"] = std::vector<Float>(line->GetDataAddressR(), line->GetDataAddressR() + line->GetDataCount());
+    record["values"] =
+        std::vector<Float>(line->GetDataAddressR(), line->GetDataAddressR() + line->GetDataCount());
   } else if (auto* segments = dynamic_cast<SegmentTag*>(t)) {
     Json list = Json::array();
     for (Int32 i = 0; i < segments->GetDataCount(); ++i) {

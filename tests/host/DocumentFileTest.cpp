@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "TestDataType.h"
+#include "TestPlugins.h"
 #include "host/BaseDocument.h"
 #include "host/BaseMaterial.h"
 #include "host/GeResource.h"
@@ -14,8 +16,6 @@
 #include "host/SplineObject.h"
 #include "host/TextureTag.h"
 #include "host/UVWTag.h"
-#include "TestDataType.h"
-#include "TestPlugins.h"
 
 namespace {
 
@@ -49,7 +49,9 @@ BaseDocument* sampleDocument() {
   doc->SetFps(25);
   BaseMaterial* bark = BaseMaterial::Alloc(Mmaterial);
   bark->SetName("Bark");
-  bark->GetChannel(CHANNEL_COLOR)->GetDataInstance()->SetVector(CHANNEL_COLOR_VALUE, Vector(0.4, 0.3, 0.2));
+  bark->GetChannel(CHANNEL_COLOR)
+      ->GetDataInstance()
+      ->SetVector(CHANNEL_COLOR_VALUE, Vector(0.4, 0.3, 0.2));
   bark->SetChannelState(CHANNEL_LUMINANCE, true);
   doc->InsertMaterial(bark);
   BaseObject* tree = BaseObject::Alloc(kCloneGeneratorId);
@@ -114,7 +116,8 @@ TEST(DocumentFile, RoundTripKeepsObjectsContainersTagsMaterialsAndLinks) {
   EXPECT_EQ(leaf->GetPolygonR()[0], CPolygon(0, 1, 2));
   EXPECT_EQ(leaf->GetPointR()[2], Vector(1, 1, 0));
   EXPECT_EQ(static_cast<UVWTag*>(leaf->GetTag(Tuvw))->GetSlow(1).c, Vector(1, 1, 0));
-  EXPECT_TRUE(static_cast<SelectionTag*>(leaf->GetTag(Tpolygonselection))->GetBaseSelect()->IsSelected(1));
+  EXPECT_TRUE(
+      static_cast<SelectionTag*>(leaf->GetTag(Tpolygonselection))->GetBaseSelect()->IsSelected(1));
   auto* texture = static_cast<TextureTag*>(leaf->GetTag(Ttexture));
   ASSERT_NE(texture->GetMaterial(), nullptr);
   EXPECT_EQ(texture->GetMaterial()->GetName(), "Bark");
@@ -179,13 +182,20 @@ TEST(DocumentFile, BrokenDocumentsLoadWhatTheyCanOrFailWithOneMessage) {
       {"{\"format\": \"morvo document\", \"version\": 1, \"objects\": [", "not valid JSON", 0, 0},
       {"[1, 2, 3]", "not a Morvo document", 0, 0},
       {R"({"format": "morvo document", "version": 99})", "version", 0, 0},
-      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Ofancy"}, {"type": "Onull"}]})", "", 1, 1},
-      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Onull", "parameters": {"5": [1, 2]}, "matrix": [1]}]})", "", 1, 2},
-      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Opolygon", "points": [[0,0,0]], "polygons": [[0, 0, 9]]}]})", "", 1, 1},
-      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Ospline", "points": [[0,0,0]], "segments": [[2000000000, false]]}]})", "", 1, 1},
-      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Oinstance", "id": 1, "parameters": {"1001": {"link": 1}}}]})", "", 1, 0},
-      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Onull", "parameters": {"1": {"link": "Nowhere"}, "2": {"data": "NOPE", "level": 1, "values": []}}}]})", "", 1, 2},
-      {R"({"format": "morvo document", "version": 1, "objects": "many", "materials": [3]})", "", 0, 1},
+      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Ofancy"}, {"type": "Onull"}]})",
+       "", 1, 1},
+      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Onull", "parameters": {"5": [1, 2]}, "matrix": [1]}]})",
+       "", 1, 2},
+      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Opolygon", "points": [[0,0,0]], "polygons": [[0, 0, 9]]}]})",
+       "", 1, 1},
+      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Ospline", "points": [[0,0,0]], "segments": [[2000000000, false]]}]})",
+       "", 1, 1},
+      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Oinstance", "id": 1, "parameters": {"1001": {"link": 1}}}]})",
+       "", 1, 0},
+      {R"({"format": "morvo document", "version": 1, "objects": [{"type": "Onull", "parameters": {"1": {"link": "Nowhere"}, "2": {"data": "NOPE", "level": 1, "values": []}}}]})",
+       "", 1, 2},
+      {R"({"format": "morvo document", "version": 1, "objects": "many", "materials": [3]})", "", 0,
+       1},
   };
   for (const BadDocument& c : cases) {
     SCOPED_TRACE(c.text);
