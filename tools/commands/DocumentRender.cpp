@@ -11,8 +11,7 @@
 
 int renderDocument(const std::string& input, const std::string& output) {
   StandardErrorConsole console;
-  PluginSession plugin;  // so that the plug-in's objects in the document evaluate
-  if (!plugin.loaded()) return 1;
+  if (!PluginSession::ready()) return 1;  // so that the plug-in's objects evaluate
   BaseDocument* doc = DocumentFile::Load(input);
   if (!doc) return 1;
   DocumentMesh collected;

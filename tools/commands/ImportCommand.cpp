@@ -87,8 +87,10 @@ int importInto(BaseDocument* document, const ImportOptions& options) {
 void runImport(const ImportOptions& options, CommandResult& result) {
   checkPaths(options);
   StandardErrorConsole console(options.verbose);
-  PluginSession session;
-  if (!session.loaded()) throw std::runtime_error("the plug-in did not load");
+  if (!PluginSession::ready()) {
+    result.exitCode = 1;
+    return;
+  }
   BaseDocument* document = BaseDocument::Alloc();
   const Int32 code = importInto(document, options);
   const int objects = countObjects(document->GetFirstObject());
