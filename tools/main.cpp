@@ -8,6 +8,7 @@
 #include "commands/Commands.h"
 #include "console/ConsoleMessageHandler.h"
 #include "console/ConsoleProgressHandler.h"
+#include "console/StreamHostConsole.h"
 #include "core/MessageSink.h"
 #include "core/ProgressSink.h"
 
@@ -16,16 +17,23 @@ int main(int argc, char** argv) {
   ConsoleProgressHandler progress(std::cerr, ConsoleProgressHandler::isStandardErrorTerminal());
   mv::messageSink.handler = &messages;
   mv::progressSink.handler = &progress;
+  StreamHostConsole hostConsole(std::cerr, progress);
+  HostConsole::Install(&hostConsole);
 
   CLI::App app{"Morvo " MORVO_VERSION ": a procedural plant modeller", "morvo"};
   app.set_version_flag("--version", "morvo " MORVO_VERSION);
   app.require_subcommand(0, 1);
   CommandResult result;
   addCurveCommand(app, result);
+  addCurveEditCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
+  addNewCommand(app, result);
+  addTreeCommand(app, result);
+  addGetCommand(app, result);
+  addSetCommand(app, result);
 
   try {
     app.parse(argc, argv);

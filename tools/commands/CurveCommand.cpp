@@ -2,15 +2,14 @@
 // as CSV, so that a curve can be inspected from the shell; with --png it also draws the curve as
 // its editor shows it.
 #include <cstdio>
-#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
 
 #include "commands/Commands.h"
+#include "commands/EditScriptFile.h"
 #include "curves/CurveParam.h"
 #include "host/DrawingRaster.h"
-#include "source/CurveEditScript.h"
 #include "source/CurveGui.h"
 #include "source/CurveUnit.h"
 
@@ -18,29 +17,6 @@ namespace {
 
 constexpr int kMaxCount = 10000000;
 constexpr int kMinSize = 16;
-
-int unitOf(const std::string& name) {
-  if (name == "percent") return UnitPercent;
-  if (name == "degree") return UnitDegree;
-  if (name == "meter") return UnitMeter;
-  return UnitNone;
-}
-
-constexpr std::streamsize kMaxScriptBytes = 16 << 20;
-
-// Plays the edits of a script file on the curve, as in the editor.
-void playEdits(mv::CurveParam& curve, const std::string& path, int unit) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read \"" + path + "\"");
-  std::string text(kMaxScriptBytes + 1, '\0');
-  file.read(&text[0], kMaxScriptBytes + 1);
-  if (file.gcount() > kMaxScriptBytes) throw std::runtime_error("\"" + path + "\" is too long");
-  text.resize(static_cast<size_t>(file.gcount()));
-  CurveEditScript script;
-  std::string error;
-  if (!script.parse(text, error)) throw std::runtime_error(path + ", " + error);
-  script.play(curve, unit);
-}
 
 struct PictureOptions {
   std::string path;
@@ -58,7 +34,7 @@ void drawPicture(mv::CurveParam& curve, const PictureOptions& options) {
   CurveGui gui;
   gui.SetSize(options.width, options.height);
   gui.curve = &curve;
-  gui.unit = unitOf(options.unit);
+  gui.unit = curveUnitNamed(options.unit);
   gui.showFormula = CurveGui::showsFormula(curve);
   gui.selection.insert(options.selection.begin(), options.selection.end());
   if (options.tag >= 0) {
@@ -174,7 +150,8 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
       throw std::runtime_error("not an expression: \"" + options->expression + "\"");
     }
     for (const std::string& point : options->points) addPoint(curve, point);
-    if (!picture->events.empty()) playEdits(curve, picture->events, unitOf(picture->unit));
+    if (!picture->events.empty())
+      playEditScriptFile(curve, picture->events, curveUnitNamed(picture->unit));
     printCurve(curve, options->count);
     if (!picture->path.empty()) drawPicture(curve, *picture);
     result.exitCode = 0;
