@@ -1,6 +1,7 @@
 // morvo curve-edit plant.morvo PATH.parameter --events FILE: plays recorded edits (clicks, drags,
 // menu choices) on a curve parameter of a document, as a user would make them in the curve
-// editor, and saves the document in place (or to -o). Prints the edited curve. Nothing is
+// editor, and saves the document in place (or to -o). Prints the edited curve, and with --png
+// draws it. Nothing is
 // written when the parameter is no curve or the script cannot be played.
 #include <iostream>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <string>
 
 #include "commands/Commands.h"
+#include "commands/CurvePicture.h"
 #include "commands/DocumentParameters.h"
 #include "commands/EditScriptFile.h"
 #include "commands/PluginSession.h"
@@ -20,7 +22,7 @@
 namespace {
 
 struct EditOptions {
-  std::string document, parameter, events, output, unit = "none";
+  std::string document, parameter, events, output, unit = "none", png;
 };
 
 // The curve parameter at text, its part left empty.
@@ -50,6 +52,12 @@ int editCurve(const EditOptions& options) {
     return 1;
   }
   std::cout << readParameter(document.get(), address) << "\n";
+  if (!options.png.empty()) {
+    CurvePicture picture;
+    picture.path = options.png;
+    picture.unit = curveUnitNamed(options.unit);
+    picture.draw(curve);
+  }
   return 0;
 }
 
@@ -71,5 +79,6 @@ void addCurveEditCommand(CLI::App& app, CommandResult& result) {
       ->check(CLI::IsMember({"none", "percent", "degree", "meter"}))
       ->capture_default_str();
   command->add_option("-o,--output", options->output, "Write the changed document here instead");
+  command->add_option("--png", options->png, "Also draw the edited curve as its editor does");
   command->callback([options, &result] { result.exitCode = editCurve(*options); });
 }
