@@ -30,3 +30,6 @@ void addTreeCommand(CLI::App& app, CommandResult& result);
 void addGetCommand(CLI::App& app, CommandResult& result);
 // morvo set FILE.morvo PATH.parameter=VALUE...: changes parameters by name and saves.
 void addSetCommand(CLI::App& app, CommandResult& result);
+// morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
+// mode.
+void addImportCommand(CLI::App& app, CommandResult& result);
