@@ -101,6 +101,7 @@ int main(int argc, char** argv) {
   addVerbosityFlags(app, messages, progress);
   CommandResult result;
   addCurveCommand(app, result);
+  addCurveEditCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
   addInfoCommand(app, result);
