@@ -95,6 +95,7 @@
 #include "classic/Disk.h"
 #include "classic/GridPatch.h"
 #include "classic/Material.h"
+#include "classic/MeshRender.h"
 #include "classic/Node.h"
 #include "classic/PhotoTurn.h"
 #include "classic/Plane.h"
@@ -125,7 +126,6 @@
 
 // scene
 #include "scene/Chunk.h"
-#include "scene/ClassicKinds.h"
 #include "scene/MvrBranchRecord.h"
 #include "scene/MvrCall.h"
 #include "scene/MvrColor.h"
@@ -146,6 +146,7 @@
 #include "scene/MvrReader.h"
 #include "scene/MvrRecordingLoader.h"
 #include "scene/MvrSceneLoader.h"
+#include "scene/MvrSkip.h"
 #include "scene/MvrToMv4Loader.h"
 #include "scene/MvrTransform.h"
 #include "scene/MvrTreeRecord.h"

@@ -12,10 +12,10 @@
 #include "source/C4dMessageHandler.h"
 #include "source/C4dProgressHandler.h"
 #include "source/CurvatureSplineData.h"
+#include "source/CurveGuiData.h"
 #include "source/DeviationObject.h"
 #include "source/HydraObject.h"
 #include "source/InstanceProgress.h"
-#include "source/InterimCurveType.h"
 #include "source/MorvoTagData.h"
 #include "source/MvrLoader.h"
 #include "source/PhyllotaxisObject.h"
@@ -65,7 +65,7 @@ constexpr Int32 kDataTagInfo = TAG_VISIBLE | TAG_HIERARCHICAL | PLUGINFLAG_HIDE;
 
 const std::vector<RegistrationRow>& startRows() {
   static const std::vector<RegistrationRow> rows = {
-      {&RegisterInterimCurveType, "Morvo Error: no CurveDataType"},
+      {&RegisterCurveDataType, "Morvo Error: no CurveDataType"},
       {[] {
          return registerNodeClass(ID_MORVO_TAG, PluginKind::Tag, "", 10008, kDataTagInfo,
                                   &MorvoTagData::Alloc, "Tmorvodata");

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/DocumentRender.h"
 #include "commands/SceneRender.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
@@ -21,35 +22,23 @@
 
 namespace {
 
-// Passes every message on and turns the load's notes about what it skipped, which it gives at
-// debug level, into warnings.
-class SkipReporter : public mv::MessageHandler {
- public:
-  explicit SkipReporter(mv::MessageHandler* next) : next_(next) {}
-
-  void error(const std::string& text) override { forward(&mv::MessageHandler::error, text); }
-  void warning(const std::string& text) override { forward(&mv::MessageHandler::warning, text); }
-  void info(const std::string& text) override { forward(&mv::MessageHandler::info, text); }
-  void print(const std::string& text) override { forward(&mv::MessageHandler::print, text); }
-  void debug(const std::string& text) override;
-
- private:
-  void forward(void (mv::MessageHandler::*kind)(const std::string&), const std::string& text) {
-    if (next_) (next_->*kind)(text);
-  }
-
-  mv::MessageHandler* next_;
-  std::string lastLink_;
-};
-
-void SkipReporter::debug(const std::string& text) {
-  forward(&mv::MessageHandler::debug, text);
-  if (text.rfind("insertUnder(", 0) == 0) lastLink_ = text;
-  if (text.rfind("Unknown Component Type", 0) == 0) {
-    warning(text + ": loaded as a plain group");
-  } else if (text == "object not found in node list" || text == "parent not found in node list" ||
-             text == "insertUnder Error") {
-    warning("link skipped, " + lastLink_ + ": " + text);
+// One warning per thing the load passed over.
+void reportSkips(const std::vector<mv::MvrSkip>& skipped) {
+  for (const mv::MvrSkip& skip : skipped) {
+    switch (skip.kind) {
+      case mv::MvrSkip::MissingLink:
+        mv::messageSink.warning("\"" + skip.object + "\" links \"" + skip.target +
+                                "\", which is no object of the scene: skipped");
+        break;
+      case mv::MvrSkip::UnknownType:
+        mv::messageSink.warning("\"" + skip.object + "\" is of the unknown type \"" + skip.target +
+                                "\": loaded as a plain group");
+        break;
+      case mv::MvrSkip::FailedLink:
+        mv::messageSink.warning("link of \"" + skip.object + "\" under \"" +
+                                (skip.target.empty() ? "the top" : skip.target) + "\" skipped");
+        break;
+    }
   }
 }
 
@@ -121,6 +110,7 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
+  if (endsWith(input, ".morvo")) return renderDocument(input, output);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
@@ -128,13 +118,8 @@ int render(const RenderOptions& options) {
   if (outputIsInput(options)) return 2;
   RenderedScene scene;
   mv::PhaseTimes times;
-  {
-    SkipReporter reporter(mv::messageSink.handler);
-    mv::MessageHandler* previous = mv::messageSink.handler;
-    mv::messageSink.handler = &reporter;
-    renderScene(input, options.unit, options.printTree, scene, &times);
-    mv::messageSink.handler = previous;
-  }
+  renderScene(input, options.unit, options.printTree, scene, &times);
+  reportSkips(scene.skipped);
   if (scene.topObjects == 0) {
     mv::messageSink.error("render: nothing could be loaded from \"" + input + "\"");
     return 1;
@@ -142,7 +127,11 @@ int render(const RenderOptions& options) {
   if (!scene.loaded)
     mv::messageSink.warning("render: the load stopped early; writing what it made");
   if (!writeMesh(scene, options, times)) return 1;
-  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons, " +
+  size_t triangles = 0;
+  for (const mv::MeshPolygon& polygon : scene.mesh.polygons)
+    triangles += polygon.isTriangle() ? 1 : 2;
+  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons (" +
+                       std::to_string(triangles) + " triangles), " +
                        std::to_string(scene.mesh.getPointCount()) + " points written to " + output);
   if (options.timings) mv::messageSink.info("render: processor time: " + times.summary());
   return 0;
