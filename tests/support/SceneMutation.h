@@ -8,23 +8,23 @@
 
 // Pieces that the grammar reacts to, for insertion at random places.
 inline const char* const kSceneTokens[] = {"{\n",
-                               "}\n",
-                               "\n",
-                               "\r",
-                               "\"",
-                               ",",
-                               "0x",
-                               "Size 2000000000\n",
-                               "Struct {\n",
-                               "Children {\n",
-                               "Model {\n",
-                               "1e400",
-                               "-",
-                               "frame(x)",
-                               "((((",
-                               "Tree {\n",
-                               "Branches {\n",
-                               "Switch {\n"};
+                                           "}\n",
+                                           "\n",
+                                           "\r",
+                                           "\"",
+                                           ",",
+                                           "0x",
+                                           "Size 2000000000\n",
+                                           "Struct {\n",
+                                           "Children {\n",
+                                           "Model {\n",
+                                           "1e400",
+                                           "-",
+                                           "frame(x)",
+                                           "((((",
+                                           "Tree {\n",
+                                           "Branches {\n",
+                                           "Switch {\n"};
 
 inline std::string mutateScene(std::string text, std::mt19937& random) {
   const int edits = 1 + static_cast<int>(random() % 8);
