@@ -23,3 +23,11 @@ void addRenderCommand(CLI::App& app, CommandResult& result);
 // morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
 // mode.
 void addImportCommand(CLI::App& app, CommandResult& result);
+// morvo new KIND -o FILE.morvo: a document with one growth object as the menu makes it.
+void addNewCommand(CLI::App& app, CommandResult& result);
+// morvo tree FILE.morvo: the objects of a document with their kinds and roles.
+void addTreeCommand(CLI::App& app, CommandResult& result);
+// morvo get FILE.morvo PATH.parameter...: parameters by name.
+void addGetCommand(CLI::App& app, CommandResult& result);
+// morvo set FILE.morvo PATH.parameter=VALUE...: changes parameters by name and saves.
+void addSetCommand(CLI::App& app, CommandResult& result);

@@ -1,6 +1,7 @@
 #include "commands/DocumentRender.h"
 
-#include "console/HostConsoleBridge.h"
+#include "commands/PluginSession.h"
+#include "console/StandardErrorConsole.h"
 #include "core/MessageSink.h"
 #include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
@@ -9,7 +10,8 @@
 #include "host/DocumentMesh.h"
 
 int renderDocument(const std::string& input, const std::string& output) {
-  HostConsoleBridge console;
+  StandardErrorConsole console;
+  if (!PluginSession::ready()) return 1;  // so that the plug-in's objects evaluate
   BaseDocument* doc = DocumentFile::Load(input);
   if (!doc) return 1;
   DocumentMesh collected;
