@@ -154,3 +154,20 @@ TEST(HostileMaterials, missingTextureIsNamedInAWarning) {
   EXPECT_NE(messages.warnings[0].find("\"nowhere/bark.png\" is not found beside"),
             std::string::npos);
 }
+
+// A scene may name a device as its texture: embedding it must neither hang nor read it.
+TEST(HostileMaterials, deviceNamedAsATextureIsNotStored) {
+  mv::GlbWriter writer({{"bark", 0.4, 0.3, 0.2, "/dev/zero"}});
+  mv::WriteOptions options;
+  options.embedTextures = true;
+  writer.setOptions(options);
+  CapturingMessageHandler messages;
+  const std::string path = testOutputPath("device-texture.glb");
+  ASSERT_TRUE(writer.write(sampleMesh(), path));
+  const tinygltf::Model model = readGlb(path);
+  std::remove(path.c_str());  // a validator would rightly miss the picture
+  ASSERT_EQ(model.images.size(), 1u);
+  EXPECT_EQ(model.images[0].uri, "zero");
+  EXPECT_EQ(messages.warnings.back(),
+            "texture \"/dev/zero\" cannot be read; referenced, not stored");
+}
