@@ -24,12 +24,23 @@ namespace {
 
 constexpr uint32_t kNoGroup = 0xffffffffu;
 
+bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
+
+// A name as one word of a line: blanks, controls and the comment sign become '_'.
 std::string objName(const std::string& name) {
   std::string result = name.empty() ? "unnamed" : name;
   for (char& c : result) {
-    if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '#') c = '_';
+    if (c == ' ' || c == '#' || isControl(c)) c = '_';
   }
   return result;
+}
+
+// A file reference as the rest of a line: no control may end the line early.
+std::string lineText(std::string text) {
+  for (char& c : text) {
+    if (isControl(c)) c = '_';
+  }
+  return text;
 }
 
 std::string baseName(const std::string& path) {
@@ -236,7 +247,7 @@ void ObjWriter::writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
         !std::filesystem::exists(TextureReference::besideOutput(reference, objPath))) {
       messageSink.warning("texture \"" + reference + "\" is not found beside " + objPath);
     }
-    out.write("map_Kd " + reference + "\n");
+    out.write("map_Kd " + lineText(reference) + "\n");
   }
 }
 
