@@ -80,14 +80,17 @@ mv::MeshData largeSheet() {
   return large;
 }
 
-// Writes path in a child process, which runs until the temporary file appears; returns the child.
+// Starts writing path in a child process and returns the child once its temporary file exists
+// in base; -1 when the child could not start or ended before that.
 pid_t writeInChild(const mv::MeshData& mesh, const std::string& path, const std::string& base) {
   const pid_t child = fork();
   if (child == 0) {
     const bool obj = path.compare(path.size() - 4, 4, ".obj") == 0;
     _exit(obj ? mv::ObjWriter().write(mesh, path) : mv::GlbWriter().write(mesh, path));
   }
+  int status = 0;
   while (child > 0 && temporaryFilesOf(child, base) == 0) {
+    if (waitpid(child, &status, WNOHANG) == child) return -1;
     std::this_thread::sleep_for(std::chrono::microseconds(100));
   }
   return child;
