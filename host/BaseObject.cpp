@@ -254,9 +254,8 @@ BaseObject* BaseObject::GetHierarchyClone(HierarchyHelp*, BaseObject* child, HIE
   bool changed = childChanged(child);
   child->Touch();
   if (dirty) {
-    bool onlyCheck = !*dirty;
     if (changed) *dirty = true;
-    if (onlyCheck) return nullptr;
+    return nullptr;
   }
   return child->GetClone(COPYFLAGS_NONE, trans);
 }

@@ -1,35 +1,104 @@
 // morvo curve: evaluates a curve parameter at evenly spaced positions and prints u and the value
-// as CSV, so that a curve can be inspected from the shell.
+// as CSV, so that a curve can be inspected from the shell; with --png it also draws the curve as
+// its editor shows it.
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <sstream>
-#include <stdexcept>
 
 #include "commands/Commands.h"
 #include "curves/CurveParam.h"
+#include "host/DrawingRaster.h"
+#include "source/CurveEditScript.h"
+#include "source/CurveGui.h"
+#include "source/CurveUnit.h"
 
 namespace {
 
 constexpr int kMaxCount = 10000000;
+constexpr int kMinSize = 16;
+
+int unitOf(const std::string& name) {
+  if (name == "percent") return UnitPercent;
+  if (name == "degree") return UnitDegree;
+  if (name == "meter") return UnitMeter;
+  return UnitNone;
+}
+
+constexpr std::streamsize kMaxScriptBytes = 16 << 20;
+
+// Plays the edits of a script file on the curve, as in the editor.
+void playEdits(mv::CurveParam& curve, const std::string& path, int unit) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw std::runtime_error("cannot read \"" + path + "\"");
+  std::string text(kMaxScriptBytes + 1, '\0');
+  file.read(&text[0], kMaxScriptBytes + 1);
+  if (file.gcount() > kMaxScriptBytes) throw std::runtime_error("\"" + path + "\" is too long");
+  text.resize(static_cast<size_t>(file.gcount()));
+  CurveEditScript script;
+  std::string error;
+  if (!script.parse(text, error)) throw std::runtime_error(path + ", " + error);
+  script.play(curve, unit);
+}
+
+struct PictureOptions {
+  std::string path;
+  int width = 280, height = 120;
+  std::string unit = "none";
+  std::string events;
+  std::vector<int> selection;
+  int tag = -1;
+};
+
+// The editor's drawing of the curve: selected points with their handles, and the value tag of
+// one point as while it is dragged. The limits grow around the points as after an edit.
+void drawPicture(mv::CurveParam& curve, const PictureOptions& options) {
+  curve.growLimits();
+  CurveGui gui;
+  gui.SetSize(options.width, options.height);
+  gui.curve = &curve;
+  gui.unit = unitOf(options.unit);
+  gui.showFormula = CurveGui::showsFormula(curve);
+  gui.selection.insert(options.selection.begin(), options.selection.end());
+  if (options.tag >= 0) {
+    if (!curve.findPoint(options.tag)) {
+      throw std::runtime_error("no point with id " + std::to_string(options.tag));
+    }
+    gui.dragging = 1;
+    gui.activePoint = options.tag;
+  }
+  gui.Redraw();
+  DrawingRaster raster(options.width, options.height);
+  raster.draw(gui.drawing());
+  if (!raster.writePng(options.path)) {
+    throw std::runtime_error("cannot write \"" + options.path + "\"");
+  }
+}
 
 int pointType(const std::string& name) {
   const char* names[] = {"corner", "smooth", "mirrored", "free"};
   for (int type = mv::PointCorner; type <= mv::PointFree; ++type) {
     if (name == names[type]) return type;
   }
-  throw std::runtime_error("unknown point type \"" + name + "\" (corner, smooth, mirrored, free)");
+  throw CLI::ValidationError("unknown point type \"" + name +
+                             "\" (corner, smooth, mirrored, free)");
+}
+
+// Empty when text is a whole finite number, else why not: nan, inf and 1e999 are refused.
+std::string finiteNumberProblem(const std::string& text) {
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  if (text.empty() || end != text.c_str() + text.size()) return "not a number: \"" + text + "\"";
+  if (!std::isfinite(value)) return "not a finite number: \"" + text + "\"";
+  return {};
 }
 
 double number(const std::string& text) {
-  size_t used = 0;
-  double value = 0.0;
-  try {
-    value = std::stod(text, &used);
-  } catch (const std::exception&) {
-    used = 0;
-  }
-  if (used == 0 || used != text.size()) throw std::runtime_error("not a number: \"" + text + "\"");
-  return value;
+  const std::string problem = finiteNumberProblem(text);
+  if (!problem.empty()) throw CLI::ValidationError(problem);
+  return std::strtod(text.c_str(), nullptr);
 }
 
 // One point "x:y" or "x:y:type"; x 0 and 1 set the end points.
@@ -38,18 +107,19 @@ void addPoint(mv::CurveParam& curve, const std::string& text) {
   std::istringstream in(text);
   for (std::string field; std::getline(in, field, ':');) fields.push_back(field);
   if (fields.size() < 2 || fields.size() > 3) {
-    throw std::runtime_error("a point is x:y or x:y:type, not \"" + text + "\"");
+    throw CLI::ValidationError("a point is x:y or x:y:type, not \"" + text + "\"");
   }
   const double x = number(fields[0]);
-  if (!(x >= 0.0 && x <= 1.0)) throw std::runtime_error("point x outside 0 to 1: \"" + text + "\"");
+  if (!(x >= 0.0 && x <= 1.0))
+    throw CLI::ValidationError("point x outside 0 to 1: \"" + text + "\"");
   const int type = fields.size() == 3 ? pointType(fields[2]) : mv::PointCorner;
   const int before = curve.getPointCount();
   const int id = curve.addPoint(x, number(fields[1]), type);
   if (id >= 2 && curve.getPointCount() == before) {
-    throw std::runtime_error("point \"" + text + "\" is outside 0 to 1 or too close to another");
+    throw CLI::ValidationError("point \"" + text + "\" is outside 0 to 1 or too close to another");
   }
   if (id < 2 && type != mv::PointCorner && !curve.setPointType(id, type)) {
-    throw std::runtime_error("an end point cannot be of type " + fields[2]);
+    throw CLI::ValidationError("an end point cannot be of type " + fields[2]);
   }
 }
 
@@ -75,6 +145,7 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
     int count = 11;
   };
   auto options = std::make_shared<Options>();
+  auto picture = std::make_shared<PictureOptions>();
   command
       ->add_option("expression", options->expression,
                    "Expression over x (the drawn curve's value) and u (the position)")
@@ -82,18 +153,42 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
   command->add_option("-p,--point", options->points,
                       "A point x:y[:type], type corner (default), smooth, mirrored or free; "
                       "x 0 and 1 set the end points");
-  command->add_option("--first", options->first, "Value of the first point")->capture_default_str();
-  command->add_option("--last", options->last, "Value of the last point")->capture_default_str();
+  const CLI::Validator finite([](std::string& text) { return finiteNumberProblem(text); },
+                              "FINITE");
+  command->add_option("--first", options->first, "Value of the first point")
+      ->check(finite)
+      ->capture_default_str();
+  command->add_option("--last", options->last, "Value of the last point")
+      ->check(finite)
+      ->capture_default_str();
   command->add_option("-n,--count", options->count, "Number of positions")
       ->check(CLI::Range(2, kMaxCount))
       ->capture_default_str();
-  command->callback([options, &result] {
+  command->add_option("--png", picture->path, "Also draw the curve as its editor does, to a PNG");
+  command->add_option("--width", picture->width, "Width of the picture in pixels")
+      ->check(CLI::Range(kMinSize, DrawingRaster::kMaxSize))
+      ->capture_default_str();
+  command->add_option("--height", picture->height, "Height of the picture in pixels")
+      ->check(CLI::Range(kMinSize, DrawingRaster::kMaxSize))
+      ->capture_default_str();
+  command->add_option("--unit", picture->unit, "Unit of the values in the picture")
+      ->check(CLI::IsMember({"none", "percent", "degree", "meter"}))
+      ->capture_default_str();
+  command->add_option("--events", picture->events,
+                      "Play the edits of a script (size, click, drag, menu) on the curve first");
+  command->add_option("--select", picture->selection,
+                      "Draw the point with this id selected (0 first, 1 last, inner from 3 on "
+                      "in the order given)");
+  command->add_option("--tag", picture->tag, "Draw the value tag of the point with this id");
+  command->callback([options, picture, &result] {
     mv::CurveParam curve(0.0, 1.0, options->first, options->last, "id");
     if (!curve.setExpression(options->expression)) {
-      throw std::runtime_error("not an expression: \"" + options->expression + "\"");
+      throw CLI::ValidationError("not an expression: \"" + options->expression + "\"");
     }
     for (const std::string& point : options->points) addPoint(curve, point);
+    if (!picture->events.empty()) playEdits(curve, picture->events, unitOf(picture->unit));
     printCurve(curve, options->count);
+    if (!picture->path.empty()) drawPicture(curve, *picture);
     result.exitCode = 0;
   });
 }

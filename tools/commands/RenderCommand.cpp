@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/DocumentRender.h"
 #include "commands/SceneRender.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
@@ -109,6 +110,7 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
+  if (endsWith(input, ".morvo")) return renderDocument(input, output);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
