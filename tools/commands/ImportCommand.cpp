@@ -101,8 +101,7 @@ int importInto(BaseDocument* document, const ImportOptions& options) {
   if (!loader->Identify(&node, file, reinterpret_cast<UChar*>(probe.data()),
                         static_cast<Int32>(probe.size())))
     throw std::runtime_error("not a classic scene file (.mvr, \"Version 0.93\"): " + options.input);
-  const Int32 filter =
-      SCENEFILTER_OBJECTS | (options.noMaterials ? 0 : SCENEFILTER_MATERIALS);
+  const Int32 filter = SCENEFILTER_OBJECTS | (options.noMaterials ? 0 : SCENEFILTER_MATERIALS);
   return loader->Load(&node, file, document, filter, nullptr, nullptr);
 }
 
@@ -132,8 +131,9 @@ void runImport(const ImportOptions& options, CommandResult& result) {
 void addImportCommand(CLI::App& app, CommandResult& result) {
   auto options = std::make_shared<ImportOptions>();
   CLI::App* command = app.add_subcommand(
-      "import", "Open a scene file (.mvr) as a document (.morvo): one polygon object, or editable "
-                "growth objects");
+      "import",
+      "Open a scene file (.mvr) as a document (.morvo): one polygon object, or editable "
+      "growth objects");
   command->add_option("file", options->input, "scene file")->required()->check(CLI::ExistingFile);
   command->add_option("-o,--output", options->output, "document to write (.morvo)")->required();
   command->add_option("--mode", options->mode, "polygons or generators (the default)")
