@@ -1,5 +1,4 @@
 #include "classic/ClassicHorn.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 
@@ -10,6 +9,7 @@
 #include "classic/HornReading.h"
 #include "classic/PhotoTurn.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 

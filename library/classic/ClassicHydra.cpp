@@ -1,5 +1,4 @@
 #include "classic/ClassicHydra.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 
@@ -7,6 +6,7 @@
 #include "classic/ClassicRoles.h"
 #include "classic/CountLimit.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 

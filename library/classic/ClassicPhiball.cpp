@@ -1,5 +1,4 @@
 #include "classic/ClassicPhiball.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,6 +7,7 @@
 #include "classic/ClassicRoles.h"
 #include "classic/CountLimit.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"

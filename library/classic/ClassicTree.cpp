@@ -1,5 +1,4 @@
 #include "classic/ClassicTree.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +13,7 @@
 #include "classic/TreePrune.h"
 #include "classic/TreeTrunk.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 
