@@ -97,13 +97,9 @@ bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   ProgressScope progress;
 
   MvrReader::KeyFrames keyFrames;
-  {
-    Chunk root;
-    root.read(stream);
-    readRootLines(root.lines);
-    for (const auto& [name, block] : root.children)
-      MvrReader::scanBlock(name, *block, keyFrames, [this](int frames) { setFrames(frames); });
-  }
+  std::vector<std::string> rootLines;
+  MvrReader::readKeyFrames(stream, keyFrames, rootLines, [this](int frames) { setFrames(frames); });
+  readRootLines(rootLines);
   if (keyFrames.empty()) return false;
   progressSink.setProgress(0.1);
   components_ = &keyFrames.begin()->second.components;
