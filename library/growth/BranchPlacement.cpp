@@ -309,6 +309,8 @@ int endPass(const BranchInputs& in, const GrownSegment& seg, uint32_t segments,
   if (!seg.closed && seg.end > kZeroTolerance) {
     Placement end;
     in.path->getAngleFrame(seg.end, seg.index, true, end.matrix);
+    // The curves are read at the reciprocals 1/end and 1/frac, not at end and frac: plants made
+    // with the original read these values there, and an end element's size depends on them.
     end.carriedThickness = in.thicknessCurved
                                ? in.thickness->evaluate(1.0 / seg.end) * in.thicknessFactor
                                : in.inheritedThickness;
