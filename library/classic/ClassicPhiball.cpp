@@ -5,7 +5,7 @@
 
 #include "classic/ClassicArrangement.h"
 #include "classic/ClassicRoles.h"
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/ChildRole.h"
 #include "core/MathConstants.h"
 #include "core/MessageSink.h"

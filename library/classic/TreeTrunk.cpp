@@ -1,9 +1,9 @@
-#include "classic/TreeTrunk.h"
+#include "classic/detail/TreeTrunk.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/MathConstants.h"
 #include "curves/CurveParam.h"
 #include "curves/CurveParamIntegration.h"
