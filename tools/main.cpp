@@ -102,6 +102,7 @@ int main(int argc, char** argv) {
   addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
+  addImportCommand(app, result);
 
   if (!namesKnownCommand(app, argc, argv)) return kUsageError;
   return run(app, argc, argv, result);

@@ -20,3 +20,6 @@ void addPrimitivesCommand(CLI::App& app, CommandResult& result);
 void addDemoCommand(CLI::App& app, CommandResult& result);
 // morvo render FILE.mvr -o OUT.obj|OUT.glb: a scene file rendered through the classic scene graph.
 void addRenderCommand(CLI::App& app, CommandResult& result);
+// morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
+// mode.
+void addImportCommand(CLI::App& app, CommandResult& result);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/DocumentRender.h"
 #include "commands/MeshFile.h"
 #include "commands/SceneRender.h"
 #include "core/MessageSink.h"
@@ -94,6 +95,7 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
+  if (endsWith(input, ".morvo")) return renderDocument(input, output);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
@@ -110,7 +112,11 @@ int render(const RenderOptions& options) {
   if (!scene.loaded)
     mv::messageSink.warning("render: the load stopped early; writing what it made");
   if (!writeMesh(scene, options, times)) return 1;
-  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons, " +
+  size_t triangles = 0;
+  for (const mv::MeshPolygon& polygon : scene.mesh.polygons)
+    triangles += polygon.isTriangle() ? 1 : 2;
+  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons (" +
+                       std::to_string(triangles) + " triangles), " +
                        std::to_string(scene.mesh.getPointCount()) + " points written to " + output);
   if (options.timings) mv::messageSink.info("render: processor time: " + times.summary());
   return 0;
