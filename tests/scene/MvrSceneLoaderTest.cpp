@@ -281,18 +281,6 @@ TEST(MvrSceneLoader, rootsOutsideTheCameraAreHidden) {
   EXPECT_TRUE(childNamed(scene.graph, "Loose")->hidden());
 }
 
-TEST(MvrSceneLoader, aCycleIsCutAndTheRestRenders) {
-  CapturingMessageHandler messages;
-  LoadedScene scene;
-  const std::string box = "Primitive {\nType \"Box\"\nResolution 1\n}\n";
-  loadScene(sceneText(camera({"A"}) + component("A", children({"B"}) + box) +
-                      component("B", children({"A"}) + box)),
-            scene);
-  EXPECT_TRUE(scene.loaded);
-  EXPECT_EQ(scene.mesh.polygons.size(), 12u);
-  EXPECT_FALSE(messages.warnings.empty() && messages.errors.empty());
-}
-
 TEST(MvrSceneLoader, clashingNamesGetACounter) {
   SceneGraph graph;
   MvrSceneLoader loader(&graph);
