@@ -31,7 +31,7 @@ Bool DocumentFile::Save(BaseDocument* doc, const Filename& path) {
     GePrint("Cannot write the document " + path.GetString());
     return false;
   }
-  file.stream() << text;
+  file.write(text);
   if (!file.commit()) {
     GePrint("Cannot write the document " + path.GetString());
     return false;

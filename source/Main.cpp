@@ -17,6 +17,7 @@
 #include "source/HydraObject.h"
 #include "source/InstanceProgress.h"
 #include "source/MorvoTagData.h"
+#include "source/MvrLoader.h"
 #include "source/PhyllotaxisObject.h"
 #include "source/PluginIds.h"
 #include "source/TropismObject.h"
@@ -109,9 +110,20 @@ const std::vector<RegistrationRow>& startRows() {
   return rows;
 }
 
+// The scene loader: its description first (a failure is printed and the registration goes on),
+// then the loader; an empty menu string counts as failure here.
+Bool registerSceneLoader() {
+  if (!RegisterDescription(MvrLoader::kDescriptionId, "Fmvrimport")) GePrint(" ! Fmvrimport ");
+  const String text = GeLoadString(10009);
+  if (text.empty()) return false;
+  return RegisterSceneLoaderPlugin(ID_MVR_LOADER, text, 0, &MvrLoader::Alloc, "Fmvrimport");
+}
+
 // Rows after the loaded line: the first that fails stops the start.
 const std::vector<RegistrationRow>& finalRows() {
-  static const std::vector<RegistrationRow> rows = {};
+  static const std::vector<RegistrationRow> rows = {
+      {&registerSceneLoader, ""},
+  };
   return rows;
 }
 

@@ -20,6 +20,9 @@ void addPrimitivesCommand(CLI::App& app, CommandResult& result);
 void addDemoCommand(CLI::App& app, CommandResult& result);
 // morvo render FILE.mvr -o OUT.obj|OUT.glb: a scene file rendered through the classic scene graph.
 void addRenderCommand(CLI::App& app, CommandResult& result);
+// morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
+// mode.
+void addImportCommand(CLI::App& app, CommandResult& result);
 // morvo new KIND -o FILE.morvo: a document with one growth object as the menu makes it.
 void addNewCommand(CLI::App& app, CommandResult& result);
 // morvo tree FILE.morvo: the objects of a document with their kinds and roles.

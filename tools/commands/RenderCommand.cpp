@@ -64,6 +64,7 @@ struct RenderOptions {
   std::string input, output;
   double unit = 1.0;
   bool printTree = false, embedTextures = false, force = false, timings = false;
+  bool separate = false;
 };
 
 bool writeMesh(const RenderedScene& scene, const RenderOptions& options, mv::PhaseTimes& times) {
@@ -110,7 +111,7 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
-  if (endsWith(input, ".morvo")) return renderDocument(input, output);
+  if (endsWith(input, ".morvo")) return renderDocument(input, output, options.separate);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
@@ -127,7 +128,11 @@ int render(const RenderOptions& options) {
   if (!scene.loaded)
     mv::messageSink.warning("render: the load stopped early; writing what it made");
   if (!writeMesh(scene, options, times)) return 1;
-  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons, " +
+  size_t triangles = 0;
+  for (const mv::MeshPolygon& polygon : scene.mesh.polygons)
+    triangles += polygon.isTriangle() ? 1 : 2;
+  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons (" +
+                       std::to_string(triangles) + " triangles), " +
                        std::to_string(scene.mesh.getPointCount()) + " points written to " + output);
   if (options.timings) mv::messageSink.info("render: processor time: " + times.summary());
   return 0;
@@ -151,5 +156,7 @@ void addRenderCommand(CLI::App& app, CommandResult& result) {
                     "replace the output even when it is a symbolic link, device or other "
                     "non-regular file");
   command->add_flag("--timings", options->timings, "say how much processor time each phase took");
+  command->add_flag("--separate", options->separate,
+                    "documents: every generator keeps its instances as separate objects");
   command->callback([options, &result] { result.exitCode = render(*options); });
 }
