@@ -44,17 +44,26 @@ std::string cutBetween(std::string& text, char first, char second) {
 
 }  // namespace
 
+// Iterative, so that a deeply nested file cannot overflow the stack, and without allocating: the
+// chunks still to empty form a chain through nextDoomed_.
 Chunk::~Chunk() {
-  // Flatten the subtree first: a recursive teardown of a deeply nested file would overflow.
-  std::vector<std::unique_ptr<Chunk>> pending;
-  for (auto& entry : children) pending.push_back(std::move(entry.second));
-  children.clear();
-  while (!pending.empty()) {
-    std::unique_ptr<Chunk> chunk = std::move(pending.back());
-    pending.pop_back();
-    for (auto& entry : chunk->children) pending.push_back(std::move(entry.second));
-    chunk->children.clear();
+  Chunk* doomed = nullptr;
+  releaseChildren(doomed);
+  while (doomed) {
+    Chunk* chunk = doomed;
+    doomed = chunk->nextDoomed_;
+    chunk->releaseChildren(doomed);
+    delete chunk;
   }
+}
+
+void Chunk::releaseChildren(Chunk*& doomed) noexcept {
+  for (auto& entry : children) {
+    Chunk* child = entry.second.release();
+    child->nextDoomed_ = doomed;
+    doomed = child;
+  }
+  children.clear();
 }
 
 // block := { line | opener block | closer }; an explicit stack stands for the nesting.
