@@ -29,8 +29,9 @@ mv::MeshData render(const std::string& text) {
 }
 
 size_t countContaining(const std::vector<std::string>& lines, const std::string& part) {
-  return std::count_if(lines.begin(), lines.end(),
-                       [&](const std::string& line) { return line.find(part) != std::string::npos; });
+  return std::count_if(lines.begin(), lines.end(), [&](const std::string& line) {
+    return line.find(part) != std::string::npos;
+  });
 }
 
 }  // namespace
