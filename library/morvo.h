@@ -6,6 +6,7 @@
 //             Tropism and Deviation, and running a node without a host
 //   classic   scene graph, classic nodes and the solid primitives
 //   scene     scene files: chunk format, vocabulary, scene load, loader to the classic graph
+// Helpers that are no API live in <folder>/detail/ and are neither included here nor installed.
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -95,10 +96,10 @@
 #include "classic/Disk.h"
 #include "classic/GridPatch.h"
 #include "classic/Material.h"
+#include "classic/MeshRender.h"
 #include "classic/Node.h"
 #include "classic/PhotoTurn.h"
 #include "classic/Plane.h"
-#include "classic/QuarterTurn.h"
 #include "classic/SceneGraph.h"
 #include "classic/SelectionMesh.h"
 #include "classic/Solid.h"
@@ -114,33 +115,34 @@
 #include "classic/ClassicSweep.h"
 #include "classic/ClassicTree.h"
 #include "classic/ClassicTropism.h"
-#include "classic/ClassicUnit.h"
-#include "classic/CountLimit.h"
 #include "classic/FramePhotoTurn.h"
-#include "classic/HornReading.h"
 #include "classic/TreeFrame.h"
 #include "classic/TreePrune.h"
-#include "classic/TreeSample.h"
-#include "classic/TreeTrunk.h"
 
 // scene
 #include "scene/Chunk.h"
-#include "scene/ClassicKinds.h"
+#include "scene/MvrBranchRecord.h"
 #include "scene/MvrCall.h"
 #include "scene/MvrColor.h"
 #include "scene/MvrComponent.h"
+#include "scene/MvrConversionCurves.h"
+#include "scene/MvrCurvatureRecord.h"
 #include "scene/MvrCurveConversion.h"
 #include "scene/MvrHeader.h"
 #include "scene/MvrHornRecord.h"
+#include "scene/MvrHydraRecord.h"
 #include "scene/MvrKeyFrame.h"
 #include "scene/MvrLimitedTriple.h"
 #include "scene/MvrLoader.h"
 #include "scene/MvrMaterial.h"
+#include "scene/MvrPhyllotaxisRecord.h"
 #include "scene/MvrPrimitive.h"
 #include "scene/MvrRange.h"
 #include "scene/MvrReader.h"
 #include "scene/MvrRecordingLoader.h"
 #include "scene/MvrSceneLoader.h"
+#include "scene/MvrSkip.h"
+#include "scene/MvrToMv4Loader.h"
 #include "scene/MvrTransform.h"
 #include "scene/MvrTreeRecord.h"
 #include "scene/MvrTriple.h"

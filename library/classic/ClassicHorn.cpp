@@ -1,15 +1,15 @@
 #include "classic/ClassicHorn.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 
 #include "classic/ClassicRoles.h"
 #include "classic/ClassicSweep.h"
-#include "classic/ClassicUnit.h"
-#include "classic/CountLimit.h"
-#include "classic/HornReading.h"
 #include "classic/PhotoTurn.h"
+#include "classic/detail/ClassicUnit.h"
+#include "classic/detail/CountLimit.h"
+#include "classic/detail/HornReading.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 
@@ -52,7 +52,7 @@ PlacementGroup standardElements(ParameterSet& params, const HornReading& r, cons
     if (steps.evaluate(x) > ++c) continue;
     c = 0;
     Matrix4 n = turned[i].matrix;
-    n.rotateX(-kPi / 2.0).rotateZ(-r.flap->evaluate(x));
+    n.rotateX(-kHalfPi).rotateZ(-r.flap->evaluate(x));
     const double s = r.scale->evaluate(x);
     n.scale({s, s, s});
     if (i == 0) continue;

@@ -33,21 +33,16 @@ double ClassicSpline::length() const {
   return sum;
 }
 
-// The key that ends the span holding t: the first at or above t, but never the first key, and
-// the last key for t beyond it. A search, so that sampling a long path stays linear in all.
-std::map<double, Vector3>::const_iterator ClassicSpline::spanEndAt(double t) const {
-  auto end = keys.lower_bound(t);
-  if (end == keys.begin()) return std::next(end);
-  if (end == keys.end()) return std::prev(end);
-  return end;
-}
-
 Vector3 ClassicSpline::pointAt(double t) const {
   if (keys.empty()) return {};
   if (keys.size() == 1) return keys.begin()->second;
   t = std::clamp(t, 0.0, 1.0);
-  const auto second = spanEndAt(t);
-  const auto first = std::prev(second);
+  // The pair around t: first is the last key below t, but never the last key itself. A search,
+  // not a walk: trunks of many knots ask for a point at every sample.
+  auto first = keys.lower_bound(t);
+  if (first != keys.begin()) --first;
+  if (std::next(first) == keys.end()) --first;
+  const auto second = std::next(first);
   const Vector3 p1 = first->second, p2 = second->second;
   const Vector3 chord = p2 - p1;
   const double len = chord.length();

@@ -21,9 +21,6 @@ class ClassicSpline {
 
   std::map<double, Vector3> keys;  // parameter to point; no keys means no path
   double tension = 1.325;          // divisor of the Hermite tangents
-
- private:
-  std::map<double, Vector3>::const_iterator spanEndAt(double t) const;
 };
 
 }  // namespace mv

@@ -10,6 +10,7 @@
 #include "core/ChildRole.h"
 #include "core/MessageSink.h"
 #include "core/ProgressHandler.h"
+#include "geometry/GeomPrimitiveWriter.h"
 #include "geometry/MeshData.h"
 #include "geometry/OMeshDummy.h"
 #include "geometry/OPolygonStream.h"
@@ -383,12 +384,12 @@ void Node::writeLocalMesh(EHierarchyHelp& help, OGeomStream& stream, EditableMes
     writeSelection(stream, selection);
     stream << CmdMaterialIndex << material;
     simple_->finishMesh(parameters_, mesh);
-    writeMesh(stream, mesh);
+    GeomPrimitiveWriter::writeMesh(stream, mesh);
     stream << CmdGroupEnd;
     return;
   }
   simple_->deformPoints(parameters_, mesh, placements, *this);
-  writeMesh(stream, mesh);
+  GeomPrimitiveWriter::writeMesh(stream, mesh);
 }
 
 void Node::writeSelection(OGeomStream& stream, int selection) {
@@ -405,36 +406,6 @@ int selectionIndexOf(EHierarchyHelp& help, OGeomStream& stream, const std::strin
   const int index = stream.addMaterial(name);
   if (issued.insert(index).second) (*help.selections)[name] = index;
   return index;
-}
-
-// A polygon mesh primitive: the count, the corner indices, the points, eight texture values a
-// polygon.
-void writeMesh(OGeomStream& stream, const IMesh& mesh) {
-  const uint32_t polygonCount = mesh.getPolygonCount();
-  stream << CmdPolygonMesh << static_cast<int>(polygonCount) << '[';
-  MeshPolygon polygon;
-  for (uint32_t i = 0; i < polygonCount; ++i) {
-    mesh.getPolygon(i, polygon);
-    stream << static_cast<int>(polygon.a) << static_cast<int>(polygon.b)
-           << static_cast<int>(polygon.c) << static_cast<int>(polygon.d);
-  }
-  stream << ']' << '[';
-  stream.param(ParamPoints);
-  Vector3 point;
-  for (uint32_t i = 0; i < mesh.getPointCount(); ++i) {
-    mesh.getPoint(i, point);
-    stream << point;
-  }
-  stream << ']' << '[';
-  stream.param(ParamTexture);
-  TexturePolygon texture;
-  for (uint32_t i = 0; i < polygonCount; ++i) {
-    mesh.getTexturePolygon(i, texture);
-    for (const Vector3* corner : {&texture.a, &texture.b, &texture.c, &texture.d}) {
-      stream << corner->x << corner->y;
-    }
-  }
-  stream << ']';
 }
 
 }  // namespace mv

@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "core/BaseNode.h"
@@ -133,8 +134,5 @@ class Node : public BaseNode {
 // indices that help.selections holds) answers without a scan. -1 without a map.
 int selectionIndexOf(EHierarchyHelp& help, OGeomStream& stream, const std::string& name,
                      std::set<int>& issued);
-
-// Writes mesh to stream as one polygon mesh primitive: indices, points and texture corners.
-void writeMesh(OGeomStream& stream, const IMesh& mesh);
 
 }  // namespace mv

@@ -44,26 +44,26 @@ std::string cutBetween(std::string& text, char first, char second) {
 
 }  // namespace
 
-// Iterative, so that a deeply nested file cannot overflow the stack, and without allocating: the
-// chunks still to empty form a chain through nextDoomed_.
+// The subtree is released through a list threaded through the chunks themselves: a recursive
+// teardown of a deeply nested file would overflow the stack, and a destructor must not allocate
+// (it may run while a failed allocation unwinds).
 Chunk::~Chunk() {
-  Chunk* doomed = nullptr;
-  releaseChildren(doomed);
-  while (doomed) {
-    Chunk* chunk = doomed;
-    doomed = chunk->nextDoomed_;
-    chunk->releaseChildren(doomed);
-    delete chunk;
+  std::unique_ptr<Chunk> pending;
+  auto moveChildrenTo = [&pending](Chunk& chunk) {
+    while (!chunk.children.empty()) {
+      std::unique_ptr<Chunk> child = std::move(chunk.children.back().second);
+      chunk.children.pop_back();
+      if (!child) continue;
+      child->nextPending_ = std::move(pending);
+      pending = std::move(child);
+    }
+  };
+  moveChildrenTo(*this);
+  while (pending) {
+    std::unique_ptr<Chunk> chunk = std::move(pending);
+    pending = std::move(chunk->nextPending_);
+    moveChildrenTo(*chunk);
   }
-}
-
-void Chunk::releaseChildren(Chunk*& doomed) noexcept {
-  for (auto& entry : children) {
-    Chunk* child = entry.second.release();
-    child->nextDoomed_ = doomed;
-    doomed = child;
-  }
-  children.clear();
 }
 
 // block := { line | opener block | closer }; an explicit stack stands for the nesting.

@@ -7,8 +7,7 @@
 // "}" becomes its last line); any other line is kept as it stands. A line of 1024 characters or
 // more ends the reading as if the file ended before it. There are no syntax errors.
 //
-// Reading and destruction are iterative, so that any nesting depth is safe for the stack, and
-// destruction allocates nothing.
+// Reading and destruction are iterative, so that any nesting depth is safe for the stack.
 #pragma once
 
 #include <cstdint>
@@ -55,10 +54,8 @@ class Chunk {
 
  private:
   Chunk* openChild(const std::string& line);
-  // Hands every child over to the chain of chunks still to destroy, emptying children.
-  void releaseChildren(Chunk*& doomed) noexcept;
 
-  Chunk* nextDoomed_ = nullptr;  // the next chunk of that chain during destruction
+  std::unique_ptr<Chunk> nextPending_;  // used only while a tree is released
 };
 
 }  // namespace mv

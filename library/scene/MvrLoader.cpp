@@ -1,14 +1,16 @@
 #include "scene/MvrLoader.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
 
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "core/ProgressSink.h"
+#include "curves/MersenneTwister.h"
 #include "geometry/SplineData.h"
+#include "growth/Variation.h"
 #include "scene/Chunk.h"
 #include "scene/MvrCurveConversion.h"
 #include "scene/MvrReader.h"
@@ -56,8 +58,8 @@ void MvrLoader::initParameters(ParameterSet& settings, double unit) {
   settings.setDouble(IdUnit, unit);
   settings.setInt(IdCircleMode, 1);
   settings.setBool(IdFractionalCurvature, false);
-  settings.setBool(IdSetting2008, false);
-  settings.setBool(IdSetting2009, false);
+  settings.setBool(IdHornKnotPath, false);
+  settings.setBool(IdTreeKnotPath, false);
 }
 
 bool MvrLoader::identify(const char* probe, std::size_t size) {
@@ -84,6 +86,7 @@ bool MvrLoader::load(ParameterSet& settings, const std::string& path) {
 bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   materials.clear();
   createdNames.clear();
+  skipped.clear();
   visited_.clear();
   ancestors_.clear();
   switchNodes_ = 0;
@@ -94,13 +97,9 @@ bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   ProgressScope progress;
 
   MvrReader::KeyFrames keyFrames;
-  {
-    Chunk root;
-    root.read(stream);
-    readRootLines(root.lines);
-    for (const auto& [name, block] : root.children)
-      MvrReader::scanBlock(name, *block, keyFrames, [this](int frames) { setFrames(frames); });
-  }
+  std::vector<std::string> rootLines;
+  MvrReader::readKeyFrames(stream, keyFrames, rootLines, [this](int frames) { setFrames(frames); });
+  readRootLines(rootLines);
   if (keyFrames.empty()) return false;
   progressSink.setProgress(0.1);
   components_ = &keyFrames.begin()->second.components;
@@ -193,14 +192,20 @@ bool MvrLoader::buildLinks(const MvrComponent& component, const LoadContext& con
                            std::vector<std::string>& standard, std::vector<std::string>& special) {
   for (const std::string& child : component.children) {
     const auto found = components_->find(child);
-    if (found == components_->end()) continue;
+    if (found == components_->end()) {
+      noteSkip(MvrSkip::MissingLink, component.name, child);
+      continue;
+    }
     const std::string created = buildObject(found->second, context, depth + 1);
     if (created.empty()) continue;
     (hasBranches(component.type) ? special : standard).push_back(created);
   }
   for (const std::string& branch : component.typeData.branches) {
     const auto found = components_->find(branch);
-    if (found == components_->end()) continue;
+    if (found == components_->end()) {
+      noteSkip(MvrSkip::MissingLink, component.name, branch);
+      continue;
+    }
     if (!hasBranches(component.type)) {
       messageSink.error("Found Branch/Rib Link in non Tree/Horn Object \"" + component.name + "\"");
       return false;
@@ -242,7 +247,8 @@ void MvrLoader::insertSwitched(const std::string& child, const std::string& pare
     }
     ++switchNodes_;
     const std::string number = std::to_string(bit);
-    const std::string node = createVariation("Switch_" + number, 3, 4357, static_cast<int>(bit));
+    const std::string node = createVariation("Switch_" + number, Variation::ModeSpecial,
+                                             MersenneTwister::kDefaultSeed, static_cast<int>(bit));
     if (node.empty()) {
       linked = false;
       break;
@@ -390,6 +396,7 @@ std::string MvrLoader::createByType(const MvrComponent& component, MvrHeader& he
   }
   if (type == "HyperPatch") return createClassicHyperpatch(header, d.patchPoints);
   messageSink.debug("Unknown Component Type " + type);
+  noteSkip(MvrSkip::UnknownType, component.name, type);
   return createClassicSimple(header);
 }
 

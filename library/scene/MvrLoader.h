@@ -22,6 +22,7 @@
 #include "scene/MvrHeader.h"
 #include "scene/MvrHornRecord.h"
 #include "scene/MvrMaterial.h"
+#include "scene/MvrSkip.h"
 #include "scene/MvrTreeRecord.h"
 
 namespace mv {
@@ -36,9 +37,9 @@ class MvrLoader {
   enum SettingId : int {
     IdCircleMode = 2005,
     IdFractionalCurvature = 2007,
-    IdSetting2008 = 2008,
-    IdSetting2009 = 2009,
-    IdUnit = 2011,  // scale of the whole import
+    IdHornKnotPath = 2008,  // a horn with a path uses the path's knots, not samples
+    IdTreeKnotPath = 2009,  // a tree's path is made of the trunk's points, not frames
+    IdUnit = 2011,          // scale of the whole import
     IdAttractorA = 5000,
     IdAttractorB = 5001,
     IdAttractorMode = 5002,
@@ -53,6 +54,7 @@ class MvrLoader {
 
   std::vector<MvrMaterial> materials;               // all materials of the load, in order of use
   std::map<std::string, std::string> createdNames;  // component name to created name
+  std::vector<MvrSkip> skipped;                     // what the last load passed over, in order
 
   virtual ~MvrLoader() = default;
 
@@ -131,6 +133,11 @@ class MvrLoader {
   // S x Rx(-rx) x Ry(ry) x Rz(-rz) x T(unit x translation).
   static Matrix4 makeTransform(const Vector3& translation, const Vector3& rotation,
                                const Vector3& scale, double unit);
+
+ protected:
+  void noteSkip(MvrSkip::Kind kind, const std::string& object, const std::string& target) {
+    skipped.push_back({kind, object, target});
+  }
 
  private:
   // Copied down the object walk.

@@ -9,6 +9,7 @@
 
 #include "classic/ClassicSimple.h"
 #include "classic/GridPatch.h"
+#include "classic/MeshRender.h"
 #include "classic/SceneGraph.h"
 #include "core/ChildRole.h"
 #include "core/MathConstants.h"
@@ -287,9 +288,9 @@ TEST(SceneGraph, collapsedPlacementIsSkippedAndTakesNoProgressShare) {
   row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
   graph.addChild(row, "");
   MeshData mesh;
-  EHierarchyHelp help;
-  help.progress = &progress;
-  renderNode(graph, mesh, help);
+  MeshRenderOptions options;
+  options.progress = &progress;
+  EXPECT_EQ(renderMesh(graph, mesh, options), MeshRenderOutcome::Complete);
   EXPECT_EQ(evaluations, 2);
   // World: depth 0, one live child with the whole span. Row: depth 1 keeps 1/512 of its share
   // and splits the rest between two live placements. Each leaf, at depth 2, reports its start.
@@ -308,11 +309,42 @@ TEST(SceneGraph, cancelledWalkPlacesNoFurtherChild) {
   row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
   graph.addChild(row, "");
   MeshData mesh;
-  EHierarchyHelp help;
-  help.progress = &progress;
-  renderNode(graph, mesh, help);
+  MeshRenderOptions options;
+  options.progress = &progress;
+  EXPECT_EQ(renderMesh(graph, mesh, options), MeshRenderOutcome::Cancelled);
   EXPECT_EQ(evaluations, 2);  // World and Row report, then two leaves
   EXPECT_EQ(mesh.polygons.size(), 2u);
+}
+
+// Each row of the table limits one budget; the walk stops where the limit is first passed.
+TEST(SceneGraph, renderBudgetStopsTheWalkAndSaysSo) {
+  struct Case {
+    long maxVisits;
+    uint32_t maxPolygons;
+    MeshRenderOutcome outcome;
+    int evaluations;
+  };
+  const Case cases[] = {
+      {0, 0, MeshRenderOutcome::Complete, 100},
+      {102, 0, MeshRenderOutcome::Complete, 100},  // World, Row and 100 leaves
+      {5, 0, MeshRenderOutcome::OverBudget, 4},
+      {0, 7, MeshRenderOutcome::OverBudget, 8},  // stops once the mesh holds more than 7
+  };
+  for (const Case& c : cases) {
+    CapturingMessageHandler messages;
+    int evaluations = 0;
+    SceneGraph graph;
+    Node* row = makeNode("Row", new Row(100));
+    row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
+    graph.addChild(row, "");
+    MeshData mesh;
+    MeshRenderOptions options;
+    options.maxVisits = c.maxVisits;
+    options.maxPolygons = c.maxPolygons;
+    EXPECT_EQ(renderMesh(graph, mesh, options), c.outcome) << c.maxVisits << " " << c.maxPolygons;
+    EXPECT_EQ(evaluations, c.evaluations) << c.maxVisits << " " << c.maxPolygons;
+    EXPECT_EQ(messages.errors.size(), c.outcome == MeshRenderOutcome::OverBudget ? 1u : 0u);
+  }
 }
 
 TEST(SceneGraph, materialsAreInheritedAndReplaced) {
@@ -346,15 +378,13 @@ TEST(SceneGraph, selectionsAreNamedAfterTheNodesThatWrote) {
   group->addChild(other, "");
   graph.addChild(group, "");
   graph.addChild(twinAgain, "");
-  MeshData mesh;
-  EHierarchyHelp help;
-  renderNode(graph, mesh, help);
+  const MeshData mesh = renderNode(graph);
   ASSERT_EQ(mesh.polygons.size(), 3u);
   EXPECT_EQ(mesh.selections.at("Twin"), (std::set<uint32_t>{0, 2}));
   EXPECT_EQ(mesh.selections.at("Other"), (std::set<uint32_t>{1}));
   EXPECT_EQ(mesh.polygons[0].material, 1);
   EXPECT_EQ(mesh.polygons[2].material, 4);
-  EXPECT_EQ(help.selections->size(), 3u);  // World, Twin, Other
+  EXPECT_EQ(mesh.selections.size(), 2u);
 }
 
 TEST(SceneGraph, finishMeshModifierWorksOnItsSubtreeInLocalCoordinates) {

@@ -1,5 +1,5 @@
 // Whole scene files loaded into the classic graph and rendered to a mesh: counts, bounds, shared
-// children, materials and selections, stand-ins for kinds not built yet, and bad links.
+// children, materials and selections, and bad links.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -339,7 +339,6 @@ TEST(MvrSceneLoader, badLinksAndMaterialsAreRefused) {
   loader.createBox("Box", Matrix4(), 1.0, 1);
   EXPECT_FALSE(loader.insertUnder("Ghost", ""));
   EXPECT_FALSE(loader.insertUnder("Box", "Ghost"));
-  EXPECT_EQ(messages.debugs.back(), "parent not found in node list");
   MvrMaterial first, second;
   first.name = "First";
   second.name = "Second";
@@ -350,8 +349,29 @@ TEST(MvrSceneLoader, badLinksAndMaterialsAreRefused) {
   EXPECT_EQ(graph.sceneMaterials().size(), 2u);
   EXPECT_EQ(loader.createMesh("Baked", 0, Matrix4(), *std::make_unique<MeshData>(), true), "Baked");
   EXPECT_FALSE(loader.insertUnder("Baked", ""));
-  EXPECT_EQ(messages.debugs.back(), "object not found in node list");
   EXPECT_TRUE(loader.insertUnder("Box", ""));
   EXPECT_FALSE(loader.insertUnder("Box", ""));  // gone from the list once at the root
   EXPECT_EQ(graph.children().size(), 1u);
+  const std::vector<std::pair<std::string, std::string>> failed = {
+      {"Ghost", ""}, {"Box", "Ghost"}, {"Baked", ""}, {"Box", ""}};
+  ASSERT_EQ(loader.skipped.size(), failed.size());
+  for (size_t i = 0; i < failed.size(); ++i) {
+    EXPECT_EQ(loader.skipped[i].kind, MvrSkip::FailedLink);
+    EXPECT_EQ(loader.skipped[i].object, failed[i].first);
+    EXPECT_EQ(loader.skipped[i].target, failed[i].second);
+  }
+}
+
+TEST(MvrSceneLoader, whatTheLoadPassesOverIsReportedAsData) {
+  LoadedScene scene;
+  loadScene(sceneText(camera({"Odd", "Ghost"}) + component("Odd", "Revo {\n}\n")), scene);
+  EXPECT_TRUE(scene.loaded);
+  // Children are walked in name order.
+  ASSERT_EQ(scene.loader.skipped.size(), 2u);
+  EXPECT_EQ(scene.loader.skipped[0].kind, MvrSkip::MissingLink);
+  EXPECT_EQ(scene.loader.skipped[0].object, "Camera");
+  EXPECT_EQ(scene.loader.skipped[0].target, "Ghost");
+  EXPECT_EQ(scene.loader.skipped[1].kind, MvrSkip::UnknownType);
+  EXPECT_EQ(scene.loader.skipped[1].object, "Odd");
+  EXPECT_EQ(scene.loader.skipped[1].target, "Revo");
 }

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/MeshFile.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
-#include "export/GlbWriter.h"
-#include "export/ObjWriter.h"
 #include "geometry/GeomPrimitiveWriter.h"
 #include "geometry/MeshData.h"
 #include "geometry/OPolygonStream.h"
@@ -27,7 +27,7 @@ void writeTube(mv::OGeomStream& s) {
   for (int j = 0; j < nv; ++j) {
     const double radius = 0.4 + 0.1 * j * j / (nv - 1.0);
     for (int i = 0; i < nu; ++i) {
-      const double angle = -2.0 * M_PI * (i % (nu - 1)) / (nu - 1);
+      const double angle = -mt::kTwoPi * (i % (nu - 1)) / (nu - 1);
       points.emplace_back(radius * std::cos(angle), radius * std::sin(angle), 0.5 * j);
     }
   }
@@ -43,7 +43,7 @@ void writeStar(mv::OGeomStream& s) {
   std::vector<double> texture;
   const int corners = 14;
   for (int k = 0; k < corners; ++k) {
-    const double angle = 2.0 * M_PI * k / corners, r = k % 2 == 0 ? 1.0 : 0.45;
+    const double angle = mt::kTwoPi * k / corners, r = k % 2 == 0 ? 1.0 : 0.45;
     points.emplace_back(r * std::cos(angle), 0.0, r * std::sin(angle));
     texture.insert(texture.end(), {0.5 + 0.5 * points.back().x, 0.5 - 0.5 * points.back().z});
   }
@@ -66,12 +66,8 @@ void writeSteps(mv::OGeomStream& s) {
   s << mv::CmdGroupEnd;
 }
 
-bool endsWith(const std::string& text, const std::string& suffix) {
-  return text.size() >= suffix.size() &&
-         text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
-
 int writePrimitives(const std::string& output) {
+  if (!checkMeshFileName("primitives", output)) return 2;
   mv::MeshData mesh;
   {
     mv::OPolygonStream stream(&mesh, true);
@@ -82,10 +78,7 @@ int writePrimitives(const std::string& output) {
   mesh.finish();
   const std::vector<mv::ExportMaterial> materials = {
       {"bark", 0.45, 0.32, 0.2, ""}, {"leaf", 0.2, 0.6, 0.15, ""}, {"stone", 0.6, 0.6, 0.6, ""}};
-  if (endsWith(output, ".obj")) return mv::ObjWriter(materials).write(mesh, output) ? 0 : 1;
-  if (endsWith(output, ".glb")) return mv::GlbWriter(materials).write(mesh, output) ? 0 : 1;
-  mv::messageSink.error("primitives: the output must end in .obj or .glb: " + output);
-  return 2;
+  return writeMeshFile(mesh, materials, output) ? 0 : 1;
 }
 
 }  // namespace
