@@ -11,7 +11,7 @@ namespace mv {
 class ClassicHydra : public ClassicSimple {
  public:
   // Elements beyond this count only come from broken files.
-  static constexpr int kMaxElements = 1000000;
+  static constexpr int kMaxElements = 250000;
 
   // number 8, spin and twist 0, fan from -pi to pi, scale 1.
   bool initParameters(ParameterSet& params, double size) override;

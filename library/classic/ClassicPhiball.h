@@ -14,7 +14,7 @@ class CurveParam;
 class ClassicPhiball : public ClassicSimple {
  public:
   // Elements beyond this count only come from broken files.
-  static constexpr int kMaxElements = 1000000;
+  static constexpr int kMaxElements = 250000;
 
   // unit size, number 50, radius size / 2, influence 1, angle the golden angle, fan from -pi to
   // pi, scale 1, trans 0.

@@ -11,7 +11,7 @@ namespace mv {
 class ClassicWreath : public ClassicSimple {
  public:
   // Elements beyond this count only come from broken files.
-  static constexpr int kMaxElements = 1000000;
+  static constexpr int kMaxElements = 250000;
 
   // number 8, radius size / 2.
   bool initParameters(ParameterSet& params, double size) override;

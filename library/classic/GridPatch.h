@@ -18,7 +18,7 @@ class GridPatch {
   // Cells per side, and points in all, beyond which a grid is refused: larger counts only come
   // from broken files.
   static constexpr int kMaxCells = 4096;
-  static constexpr long kMaxPoints = 1L << 22;
+  static constexpr long kMaxPoints = 1L << 20;
 
   // Writes the patch header and the points, rows (v) outer and columns (u) inner. A grid with
   // fewer than one cell along a side writes nothing; one beyond the limits writes nothing and

@@ -107,14 +107,20 @@ Spline::Point Spline::pointAt(uint32_t index) const {
   return point;
 }
 
+// A binary search: the parameters of a segment's points ascend, so a lookup costs log n reads.
 bool Spline::findFirstAtOrAbove(double t, uint32_t begin, uint32_t end, uint32_t& index) const {
-  for (uint32_t i = begin; i < end; ++i) {
-    if (pointAt(i).t >= t) {
-      index = i;
-      return true;
+  uint32_t low = begin, high = end;
+  while (low < high) {
+    const uint32_t middle = low + (high - low) / 2;
+    if (pointAt(middle).t >= t) {
+      high = middle;
+    } else {
+      low = middle + 1;
     }
   }
-  return false;
+  if (low == end) return false;
+  index = low;
+  return true;
 }
 
 void Spline::getTangent(double t, uint32_t segment, bool smooth, Vector3& tangent) const {

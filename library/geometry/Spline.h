@@ -102,7 +102,8 @@ class Spline {
   Point pointAt(uint32_t index) const;
 
  private:
-  // First index in [begin, end) whose t is at or above t; false when there is none.
+  // First index in [begin, end) whose t is at or above t, the parameters ascending in that
+  // range; false when there is none.
   bool findFirstAtOrAbove(double t, uint32_t begin, uint32_t end, uint32_t& index) const;
   Vector3 smoothTangent(double t, uint32_t first, uint32_t end, uint32_t index) const;
 };

@@ -240,7 +240,7 @@ void MvrLoader::insertSwitched(const std::string& child, const std::string& pare
   bool linked = true;
   for (std::size_t bit = 0; bit < masks.size() * 16; ++bit) {
     if (masks[bit / 16] & (1u << (bit % 16))) continue;
-    if (switchNodes_ == kMaxSwitchNodes) {
+    if (switchNodes_ == kMaxSwitchNodes || switches.size() == kMaxSwitchChain) {
       if (!switchesCut_) messageSink.warning("Too many switches: further instances stay shown");
       switchesCut_ = true;
       break;

@@ -49,6 +49,8 @@ class MvrLoader {
   // Switch nodes that one load makes at most: every link of a component repeats its switch
   // chain, so a hostile file could otherwise ask for links times mask bits of them.
   static constexpr int kMaxSwitchNodes = 1 << 16;
+  // Switch nodes around one link at most: each is one level deeper in the graph.
+  static constexpr std::size_t kMaxSwitchChain = 64;
 
   std::vector<MvrMaterial> materials;               // all materials of the load, in order of use
   std::map<std::string, std::string> createdNames;  // component name to created name

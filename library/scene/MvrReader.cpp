@@ -1,5 +1,6 @@
 #include "scene/MvrReader.h"
 
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -302,6 +303,31 @@ MvrKeyFrame MvrReader::readKeyFrame(const Chunk& block) {
   return keyFrame;
 }
 
+namespace {
+
+// The time of a KeyFrame block, read from its lines alone.
+double keyFrameTime(const Chunk& block) {
+  double time = 0.0;
+  std::string rest;
+  for (const std::string& line : block.lines)
+    if (MvrValue::keyword(line, rest) == "Time") time = MvrValue::real(rest);
+  return time;
+}
+
+bool isLater(double time, const MvrReader::KeyFrames& keyFrames) {
+  return !keyFrames.empty() && time > keyFrames.begin()->first;
+}
+
+// Only the earliest key frame is loaded, so only it is kept: a file of many key frames costs
+// the memory of one.
+void keepEarliest(MvrKeyFrame keyFrame, MvrReader::KeyFrames& keyFrames) {
+  const double time = keyFrame.time;
+  keyFrames.insert_or_assign(time, std::move(keyFrame));
+  keyFrames.erase(std::next(keyFrames.begin()), keyFrames.end());
+}
+
+}  // namespace
+
 void MvrReader::readKeyFrames(std::istream& stream, KeyFrames& keyFrames,
                               std::vector<std::string>& rootLines,
                               const FramesCallback& setFrames) {
@@ -328,13 +354,13 @@ void MvrReader::scanBlock(const std::string& name, const Chunk& block, KeyFrames
       for (auto child = chunk->children.rbegin(); child != chunk->children.rend(); ++child)
         pending.emplace_back(&child->first, child->second.get());
     } else if (*blockName == "KeyFrame") {
-      MvrKeyFrame keyFrame = readKeyFrame(*chunk);
-      const double time = keyFrame.time;
-      keyFrames.insert_or_assign(time, std::move(keyFrame));
+      if (isLater(keyFrameTime(*chunk), keyFrames)) continue;
+      keepEarliest(readKeyFrame(*chunk), keyFrames);
     } else if (*blockName == "Model") {
+      if (isLater(0.0, keyFrames)) continue;
       MvrKeyFrame keyFrame;
       readModel(*chunk, keyFrame);
-      keyFrames.insert_or_assign(keyFrame.time, std::move(keyFrame));
+      keepEarliest(std::move(keyFrame), keyFrames);
     }
   }
 }

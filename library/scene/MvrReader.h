@@ -26,8 +26,9 @@ class MvrReader {
   // The key frame of a "KeyFrame" block, with the components of its "Model" blocks.
   static MvrKeyFrame readKeyFrame(const Chunk& block);
   // Walks the structure blocks Queue, Unit, Entity, KeySequence, KeyFrame and Model below the
-  // block of that name, storing key frames (an equal time replaces) and handing each "Frames n"
-  // line of a Queue to setFrames. Nesting of any depth is walked without recursion.
+  // block of that name, keeping the earliest key frame (an equal time replaces; later ones are
+  // not read) and handing each "Frames n" line of a Queue to setFrames. Nesting of any depth is
+  // walked without recursion.
   static void scanBlock(const std::string& name, const Chunk& block, KeyFrames& keyFrames,
                         const FramesCallback& setFrames);
   // The whole file behind stream: the plain lines at its top (the version, the background) into

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <sstream>
+#include <unordered_set>
 #include <vector>
 
 #include "classic/Attractor.h"
@@ -69,16 +70,22 @@ bool MvrSceneLoader::load(ParameterSet& settings, const std::string& path) {
   return loaded;
 }
 
-// A node that no parent holds is nobody's child, so deleting one never deletes another of them.
+// A node created and never linked to the graph may hold nodes that are linked elsewhere, or
+// that are themselves entries of the list: everything the graph cannot reach is freed once, and
+// what it reaches keeps its links.
 void MvrSceneLoader::releaseUnlinked() {
+  const std::unordered_set<const Node*> kept = graph->reachable();
+  std::vector<Node*> unlinked;
   for (auto it = nodeList.begin(); it != nodeList.end();) {
-    if (it->second->useCount() == 0) {
-      delete it->second;
-      it = nodeList.erase(it);
-    } else {
+    if (kept.count(it->second)) {
       ++it;
+      continue;
     }
+    unlinked.push_back(it->second);
+    it = nodeList.erase(it);
   }
+  for (Node* node : unlinked) node->unlinkChildren();
+  for (Node* node : unlinked) delete node;
 }
 
 bool MvrSceneLoader::setFrames(int) { return true; }

@@ -2,7 +2,11 @@
 // placement that a plain classic node hands its children.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
+#include <utility>
+#include <vector>
 
 #include "classic/ClassicSimple.h"
 #include "classic/ClassicSpline.h"
@@ -62,6 +66,27 @@ TEST(ClassicSpline, extrapolatesTheOuterPairsBeyondTheOuterKeys) {
   // With tension 1 and equal chord tangents the arc is the straight line at uniform speed.
   expectNear(spline.pointAt(0.9), {0, 0, 7}, 1e-12);
   expectNear(spline.pointAt(0.0), {0, 0, -2}, 1e-12);
+}
+
+TEST(ClassicSpline, longPathGivesWhatTheKeysAroundEachSpanGive) {
+  std::mt19937 random(11);
+  std::uniform_real_distribution<double> coordinate(-5.0, 5.0), parameter(0.0, 1.0);
+  ClassicSpline path;
+  while (path.keys.size() < 200) {
+    path.keys[parameter(random)] = {coordinate(random), coordinate(random), coordinate(random)};
+  }
+  std::vector<std::pair<double, Vector3>> ordered(path.keys.begin(), path.keys.end());
+  for (int sample = 0; sample < 500; ++sample) {
+    const double t = sample == 0 ? ordered[7].first : parameter(random);
+    // The span by a plain scan: the first key at or above t, never the first, at most the last.
+    size_t end = 1;
+    while (end + 1 < ordered.size() && ordered[end].first < t) ++end;
+    // Only the span's keys and one neighbour on each side shape the curve there.
+    ClassicSpline local;
+    const size_t from = end >= 2 ? end - 2 : 0, to = std::min(end + 1, ordered.size() - 1);
+    for (size_t k = from; k <= to; ++k) local.keys.insert(ordered[k]);
+    expectNear(path.pointAt(t), local.pointAt(t), 0.0);
+  }
 }
 
 TEST(ClassicSpline, fewKeysGiveFixedPoints) {

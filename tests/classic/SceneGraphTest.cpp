@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
 
 #include "classic/ClassicSimple.h"
 #include "classic/GridPatch.h"
@@ -141,6 +144,26 @@ Node* makeNode(const std::string& name, Simple* simple, const Matrix4& matrix = 
   node->setSimple(simple);
   node->setMatrix(matrix);
   return node;
+}
+
+// Writes a unit quad and places its children once, as a group does.
+class PassingMarker : public Simple {
+ public:
+  int evaluate(ParameterSet& params, OGeomStream& stream, int roleMask, PlacementList& placements,
+               double lod) override {
+    GridPatch::write(stream, 1, 1, [](int u, int v) { return Vector3(u, v, 0); });
+    return Simple::evaluate(params, stream, roleMask, placements, lod);
+  }
+};
+
+// A chain of count nodes below the graph's root, each the only child of the one before.
+void addChain(SceneGraph& graph, int count, const std::function<Simple*()>& make) {
+  Node* parent = &graph;
+  for (int i = 0; i < count; ++i) {
+    Node* node = makeNode("N" + std::to_string(i), make());
+    parent->addChild(node, "");
+    parent = node;
+  }
 }
 
 }  // namespace
@@ -470,4 +493,43 @@ TEST(SceneGraph, materialsBelongToTheGraph) {
   EXPECT_EQ(graph.sceneMaterials()[0]->name, "Bark");
   std::string name;
   EXPECT_EQ(graph.name(name), "World");
+}
+
+TEST(SceneGraph, deepChainRendersItsUpperLevelsAndSaysSoOnce) {
+  CapturingMessageHandler messages;
+  SceneGraph graph;
+  addChain(graph, Node::kMaxDepth + 100, [] { return new PassingMarker(); });
+  // The root stands at depth 0; nodes down to the deepest level write their quad.
+  EXPECT_EQ(renderNode(graph).polygons.size(), static_cast<size_t>(Node::kMaxDepth));
+  EXPECT_EQ(messages.warnings.size(), 1u);
+}
+
+TEST(SceneGraph, longChainIsDestroyedWithoutDeepRecursion) {
+  auto graph = std::make_unique<SceneGraph>();
+  addChain(*graph, 1000000, [] { return new Simple(); });
+  graph.reset();  // a recursive teardown would overflow the stack here
+  SUCCEED();
+}
+
+TEST(SceneGraph, printTreeStopsAtTheDeepestLevelAndAtItsLineBudget) {
+  struct Row {
+    bool diamond;
+    size_t lines;
+  };
+  // A chain deeper than the walk goes; a ladder of shared pairs whose tree has 2^40 lines.
+  const Row rows[] = {{false, Node::kMaxDepth + 1}, {true, Node::kMaxPrintedLines}};
+  for (const Row& row : rows) {
+    CapturingMessageHandler messages;
+    SceneGraph graph;
+    Node* parent = &graph;
+    for (int level = 0; level < (row.diamond ? 40 : Node::kMaxDepth + 50); ++level) {
+      Node* next = makeNode("N", new Simple());
+      parent->addChild(next, "");
+      if (row.diamond) parent->addChild(next, "");
+      parent = next;
+    }
+    graph.printTree(0);
+    EXPECT_EQ(messages.prints.size(), row.lines);
+    EXPECT_EQ(messages.warnings.size(), 1u);
+  }
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "geometry/SplineData.h"
 #include "support/GeometryExpectations.h"
 #include "support/SplineBuilders.h"
@@ -142,4 +144,28 @@ TEST(SplinePointTangent, closedSegmentWrapsAroundInALaterSegment) {
   ASSERT_TRUE(spline.getPointTangent(6, t, tangent));  // last point of the square
   EXPECT_EQ(t, 1.0);
   expectNear(tangent, {-0.5, -0.5, 0});
+}
+
+TEST(SplineTangent, longSegmentFindsThePieceAPlainScanFinds) {
+  std::mt19937 random(5);
+  std::uniform_real_distribution<double> step(0.0, 0.01), coordinate(-1.0, 1.0);
+  SplineData spline;
+  double t = 0.0;
+  for (int i = 0; i < 1000; ++i) {
+    if (i % 7 != 3) t += step(random);  // some points share their parameter
+    spline.points.push_back({t, {coordinate(random), coordinate(random), coordinate(random)}});
+  }
+  spline.segments = {{1000, false}};
+  std::uniform_real_distribution<double> query(-0.1, t + 0.1);
+  for (int sample = 0; sample < 2000; ++sample) {
+    const double at = sample < 1000 ? spline.points[sample].t : query(random);
+    Vector3 expected;
+    for (size_t i = 1; i < spline.points.size(); ++i) {
+      if (spline.points[i].t >= at) {
+        expected = spline.points[i].position - spline.points[i - 1].position;
+        break;
+      }
+    }
+    EXPECT_EQ(tangentAt(spline, at, false), expected) << at;
+  }
 }

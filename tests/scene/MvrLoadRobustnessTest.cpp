@@ -71,21 +71,30 @@ TEST(MvrLoadRobustness, hostileShapesAreBounded) {
   EXPECT_TRUE(loadString(sceneOf(selfLinks)));
 }
 
-TEST(MvrLoadRobustness, switchChainsHaveALoadWideBudget) {
-  CapturingMessageHandler messages;
-  std::string masks = "Switch {\n";
-  for (int line = 0; line < 40; ++line) {
-    for (int i = 0; i < 120; ++i) masks += "0x0,";
-    masks += "\n";
+TEST(MvrLoadRobustness, switchChainsAreBoundedInLengthAndInAll) {
+  struct Row {
+    int parents, maskWords;
+    int expected;
+  };
+  // One link with 76 800 clear bits makes one chain of the longest length; 1 100 links with a
+  // chain of 128 bits each meet the bound of the whole load.
+  const Row rows[] = {{1, 4800, static_cast<int>(mv::MvrLoader::kMaxSwitchChain)},
+                      {1100, 8, mv::MvrLoader::kMaxSwitchNodes}};
+  for (const Row& row : rows) {
+    CapturingMessageHandler messages;
+    std::string masks = "Switch {\n";
+    for (int i = 0; i < row.maskWords; ++i) masks += i % 100 == 99 ? "0x0\n" : "0x0,";
+    masks += "}\n";
+    std::string structs = "Struct {\nName \"C\"\n" + masks + "}\n";
+    for (int p = 0; p < row.parents; ++p)
+      structs += "Struct {\nName \"P" + std::to_string(p) + "\"\nChildren {\n\"C\"\n}\n}\n";
+    RecordedLoad load;
+    loadText(load, sceneOf(structs));
+    EXPECT_TRUE(load.result);
+    EXPECT_EQ(load.count("createVariation"), row.expected);
+    EXPECT_EQ(messages.warnings,
+              std::vector<std::string>{"Too many switches: further instances stay shown"});
   }
-  masks += "}\n";
-  RecordedLoad load;
-  loadText(load, sceneOf("Struct {\nName \"P\"\nChildren {\n\"C\"\n}\n}\nStruct {\nName \"C\"\n" +
-                         masks + "}\n"));
-  EXPECT_TRUE(load.result);
-  EXPECT_EQ(load.count("createVariation"), mv::MvrLoader::kMaxSwitchNodes);
-  EXPECT_EQ(messages.warnings,
-            std::vector<std::string>{"Too many switches: further instances stay shown"});
 }
 
 TEST(MvrLoadRobustness, regressionInputsReplay) {

@@ -204,13 +204,12 @@ TEST(MvrReaderScan, usualNestingWithFrames) {
   EXPECT_EQ(k.components.at("A").name, "A");
 }
 
-TEST(MvrReaderScan, keyFramesByTimeAndEqualTimesReplace) {
+TEST(MvrReaderScan, onlyTheEarliestKeyFrameIsKeptAndEqualTimesReplace) {
   const auto keyFrames = scan(
       "KeyFrame {\nName \"late\"\nTime 2\n}\nKeyFrame {\nName \"first\"\n}\n"
-      "KeyFrame {\nName \"second\"\nTime 0\n}\n");
-  ASSERT_EQ(keyFrames.size(), 2u);
+      "KeyFrame {\nName \"second\"\nTime 0\n}\nKeyFrame {\nName \"later\"\nTime 1\n}\n");
+  ASSERT_EQ(keyFrames.size(), 1u);
   EXPECT_EQ(keyFrames.begin()->second.name, "second");
-  EXPECT_EQ(keyFrames.rbegin()->second.name, "late");
 }
 
 TEST(MvrReaderScan, bareModelBlocksAndSkippedBlocks) {

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# morvo render under a memory limit that a scene of many key frames exceeds: the failed
-# allocation must end as one error line and exit status 1, not as a crash.
+# morvo render under a memory limit that a scene of 200 000 key frames (64 MB) exceeds while it
+# is read: the failed allocation must end as one error line and exit status 1, not as a crash.
 set -u
 morvo=$1 folder=$2
 scene="$folder/many-key-frames.mvr"
 {
   printf 'Version 0.93\nQueue {\nKeySequence {\n'
-  for ((frame = 0; frame < 20000; ++frame)); do
+  for ((frame = 0; frame < 200000; ++frame)); do
     printf 'KeyFrame {\nTime %d\nModel {\nStruct {\nName "Camera"\nCamera {\n}\nChildren {\n"Box"\n}\n}\n' "$frame"
     printf 'Struct {\nName "Box"\nPrimitive {\nType "Box"\nResolution 2\n}\n}\n}\n}\n'
   done
