@@ -13,6 +13,7 @@
 #include "console/ConsoleMessageHandler.h"
 #include "console/ConsoleProgressHandler.h"
 #include "console/HandlerScope.h"
+#include "console/HostConsoleBridge.h"
 #include "console/NearestName.h"
 #include "core/MessageSink.h"
 
@@ -90,6 +91,7 @@ int main(int argc, char** argv) {
   ConsoleProgressHandler progress(std::cerr, ConsoleProgressHandler::isStandardErrorTerminal());
   ConsoleMessageHandler messages(std::cerr, ConsoleMessageHandler::Normal, &progress);
   HandlerScope handlers(&messages, &progress);
+  HostConsoleBridge hostConsole(messages, progress);
 
   CLI::App app{"Morvo " MORVO_VERSION ": a procedural plant modeller", "morvo"};
   app.set_version_flag("--version", "morvo " MORVO_VERSION);

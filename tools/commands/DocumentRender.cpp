@@ -3,7 +3,6 @@
 #include "commands/MeshFile.h"
 #include "commands/PluginSession.h"
 
-#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "host/BaseDocument.h"
 #include "host/BaseObject.h"
@@ -31,7 +30,6 @@ void separateInstances(BaseObject* first) {
 
 int renderDocument(const std::string& input, const std::string& output, bool separate) {
   if (!PluginSession::ready()) return 1;  // so that the plug-in's objects evaluate
-  HostConsoleBridge console;
   BaseDocument* doc = DocumentFile::Load(input);
   if (!doc) return 1;
   if (separate) separateInstances(doc->GetFirstObject());

@@ -11,7 +11,6 @@
 
 #include "commands/Commands.h"
 #include "commands/PluginSession.h"
-#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "core/ProgressSink.h"
 #include "host/BaseDocument.h"
@@ -86,7 +85,6 @@ int importInto(BaseDocument* document, const ImportOptions& options) {
 
 void runImport(const ImportOptions& options, CommandResult& result) {
   checkPaths(options);
-  HostConsoleBridge console;
   if (!PluginSession::ready()) {
     result.exitCode = 1;
     return;
@@ -96,12 +94,13 @@ void runImport(const ImportOptions& options, CommandResult& result) {
   const int objects = countObjects(document->GetFirstObject());
   result.exitCode = 1;
   if (code != FILEERROR_NONE) {
-    GePrint("Morvo Error: the scene could not be imported (file error " + std::to_string(code) +
-            ")");
+    mv::messageSink.error("the scene could not be imported (file error " + std::to_string(code) +
+                          ")");
   } else if (objects == 0) {
-    GePrint("Morvo Error: the scene holds nothing to import: " + options.input);
+    mv::messageSink.error("the scene holds nothing to import: " + options.input);
   } else if (DocumentFile::Save(document, Filename(options.output))) {
-    GePrint("imported " + std::to_string(objects) + " objects into " + options.output);
+    mv::messageSink.info("import: " + std::to_string(objects) + " objects written to " +
+                         options.output);
     result.exitCode = 0;
   }
   BaseDocument::Free(document);
