@@ -201,13 +201,36 @@ class ModelBuilder {
   std::map<std::string, int> textures_;
 };
 
+// One LINES primitive of all strips: each segment is a pair of indices into the strip points.
+tinygltf::Primitive linePrimitive(ModelBuilder& builder, const LineStrips& lines,
+                                  const std::vector<uint32_t>& segments,
+                                  const ExportMaterial& material) {
+  std::vector<float> positions;
+  positions.reserve(3 * lines.points.size());
+  for (const Vector3& point : lines.points) {
+    const Vector3 p = FileAxes::fromLibrary(point);
+    positions.insert(positions.end(), {float(p.x), float(p.y), float(p.z)});
+  }
+  tinygltf::Primitive primitive;
+  primitive.mode = TINYGLTF_MODE_LINE;
+  primitive.attributes["POSITION"] = builder.addPositions(positions);
+  primitive.indices = builder.addIndices(segments, lines.points.size());
+  primitive.material = builder.addMaterial(material);
+  return primitive;
+}
+
 }  // namespace
 
 GlbWriter::GlbWriter(std::vector<ExportMaterial> materials, double creaseAngle)
     : materials_(std::move(materials)), creaseAngle_(creaseAngle) {}
 
 bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
-  if (!ExportableMesh::check(mesh, "glTF")) return false;
+  return write(mesh, LineStrips(), -1, path);
+}
+
+bool GlbWriter::write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+                      const std::string& path) const {
+  if (!ExportableMesh::check(mesh, "glTF") || !ExportableMesh::check(lines, "glTF")) return false;
   ModelBuilder builder;
   std::vector<tinygltf::Primitive> primitives;
   for (const auto& [material, data] : buildPrimitives(mesh, creaseAngle_)) {
@@ -219,6 +242,10 @@ bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
     primitive.indices = builder.addIndices(data.indices, data.vertexCount());
     primitive.material = builder.addMaterial(materials_.lookup(material));
     primitives.push_back(primitive);
+  }
+  const std::vector<uint32_t> segments = lines.segmentIndices();
+  if (!segments.empty()) {
+    primitives.push_back(linePrimitive(builder, lines, segments, materials_.lookup(lineMaterial)));
   }
   builder.finish(std::move(primitives));
 

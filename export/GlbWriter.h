@@ -9,6 +9,8 @@
 //     so tubes shade smoothly and caps keep their edge; corners equal in point, normal and
 //     texture coordinate share a vertex;
 //   - indices are 16-bit while a primitive has at most 65 535 vertices, 32-bit beyond;
+//   - line strips (hair, grass) become one primitive of mode LINES after the triangles, with
+//     positions only and the material of their index;
 //   - materials are double-sided (a leaf is one sheet), with the colour as base colour, no metal,
 //     and the texture file, if any, as an image referenced by its URI, never embedded.
 // The file is written under a temporary name and renamed at the end.
@@ -18,6 +20,7 @@
 #include <vector>
 
 #include "export/ExportMaterial.h"
+#include "export/LineStrips.h"
 #include "export/MaterialTable.h"
 #include "geometry/MeshData.h"
 
@@ -33,6 +36,9 @@ class GlbWriter {
   // False with a message through messageSink when the mesh is not exportable or the file cannot
   // be written.
   bool write(const MeshData& mesh, const std::string& path) const;
+  // The mesh and, in the same file, the line strips drawn in material lineMaterial.
+  bool write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+             const std::string& path) const;
 
  private:
   MaterialTable materials_;

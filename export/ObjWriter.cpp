@@ -96,18 +96,26 @@ std::string ObjWriter::materialLibraryPath(const std::string& objPath) {
 }
 
 bool ObjWriter::write(const MeshData& mesh, const std::string& path) const {
-  if (!ExportableMesh::check(mesh, "OBJ")) return false;
+  return write(mesh, LineStrips(), -1, path);
+}
+
+bool ObjWriter::write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+                      const std::string& path) const {
+  if (!ExportableMesh::check(mesh, "OBJ") || !ExportableMesh::check(lines, "OBJ")) return false;
   const std::string libraryPath = materialLibraryPath(path);
   AtomicFile library(libraryPath), obj(path);
   if (!library.open() || !obj.open()) return false;
-  writeMaterialLibrary(library.stream(), mesh);
+  std::set<int> used = MaterialTable::usedIndices(mesh);
+  if (lines.hasSegments()) used.insert(lineMaterial);
+  writeMaterialLibrary(library.stream(), used);
   writeObj(obj.stream(), mesh, baseName(libraryPath));
+  writeLines(obj.stream(), lines, lineMaterial, mesh.points.size() + 1);
   return library.commit() && obj.commit();
 }
 
-void ObjWriter::writeMaterialLibrary(std::ostream& out, const MeshData& mesh) const {
+void ObjWriter::writeMaterialLibrary(std::ostream& out, const std::set<int>& used) const {
   out << "# Morvo\n";
-  for (int index : MaterialTable::usedIndices(mesh)) {
+  for (int index : used) {
     const ExportMaterial material = materials_.lookup(index);
     out << "\nnewmtl " << objName(material.name) << "\n";
     const double colour[3] = {material.red, material.green, material.blue};
@@ -143,6 +151,26 @@ void ObjWriter::writeObj(std::ostream& out, const MeshData& mesh,
     }
     out << face;
     out << '\n';
+  }
+}
+
+void ObjWriter::writeLines(std::ostream& out, const LineStrips& lines, int lineMaterial,
+                           size_t firstIndex) const {
+  if (!lines.hasSegments()) return;
+  for (const Vector3& point : lines.points) {
+    const Vector3 p = FileAxes::fromLibrary(point);
+    const double values[3] = {p.x, p.y, p.z};
+    writeNumbers(out, "v", values, 3);
+  }
+  out << "g lines\nusemtl " << objName(materials_.lookup(lineMaterial).name) << "\n";
+  size_t start = firstIndex;
+  for (uint32_t count : lines.counts) {
+    if (count >= 2) {
+      std::string line = "l";
+      for (size_t k = 0; k < count; ++k) line += ' ' + std::to_string(start + k);
+      out << line << '\n';
+    }
+    start += count;
   }
 }
 
