@@ -5,6 +5,7 @@
 #include "host/AliasTrans.h"
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
+#include "host/HairObject.h"
 #include "host/HierarchyHelp.h"
 #include "host/LineObject.h"
 #include "host/ObjectData.h"
@@ -32,6 +33,7 @@ BaseObject* BaseObject::Alloc(Int32 type) {
     case Ospline: op = new SplineObject(); break;
     case Oline: op = new LineObject(); break;
     case Offd: op = new PointObject(Offd); break;
+    case Ohair: op = new HairObject(); break;
     default: op = new BaseObject(type); break;
   }
   if (!PluginRegistry::AttachNodeData(op)) {

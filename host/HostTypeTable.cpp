@@ -25,6 +25,7 @@ void HostTypeTable::AddAll() {
   addType(Opolygon, PluginKind::Object, "Opolygon", points | OBJECT_POLYGONOBJECT);
   addType(Ospline, PluginKind::Object, "Ospline", points | OBJECT_ISSPLINE);
   addType(Oline, PluginKind::Object, "Oline", points);
+  addType(Ohair, PluginKind::Object, "Ohair", 0);
 
   addType(Tphong, PluginKind::Tag, "Tphong", TAG_VISIBLE);
   addType(Tdisplay, PluginKind::Tag, "Tdisplay", TAG_VISIBLE | TAG_HIERARCHICAL);

@@ -71,12 +71,13 @@ mv::Matrix4 nodeMatrix(const tinygltf::Node& node) {
     }
     return m;
   }
-  const std::vector<double>& q = node.rotation.size() == 4 ? node.rotation
-                                                            : std::vector<double>{0, 0, 0, 1};
+  const std::vector<double>& q =
+      node.rotation.size() == 4 ? node.rotation : std::vector<double>{0, 0, 0, 1};
   const double x = q[0], y = q[1], z = q[2], w = q[3];
-  const double rotation[9] = {1 - 2 * (y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w),
-                              2 * (x * y - z * w), 1 - 2 * (x * x + z * z), 2 * (y * z + x * w),
-                              2 * (x * z + y * w), 2 * (y * z - x * w), 1 - 2 * (x * x + y * y)};
+  const double rotation[9] = {
+      1 - 2 * (y * y + z * z), 2 * (x * y + z * w),     2 * (x * z - y * w),
+      2 * (x * y - z * w),     1 - 2 * (x * x + z * z), 2 * (y * z + x * w),
+      2 * (x * z + y * w),     2 * (y * z - x * w),     1 - 2 * (x * x + y * y)};
   for (int r = 0; r < 3; ++r) {
     const double s = node.scale.size() == 3 ? node.scale[size_t(r)] : 1.0;
     for (int c = 0; c < 3; ++c) m.m[4 * r + c] = s * rotation[3 * r + c];
@@ -149,9 +150,8 @@ bool readGltf(const std::string& path, mv::MeshData& mesh) {
   tinygltf::Model model;
   tinygltf::TinyGLTF loader;
   std::string err, warn;
-  const bool loaded = endsWith(path, ".glb")
-                          ? loader.LoadBinaryFromFile(&model, &err, &warn, path)
-                          : loader.LoadASCIIFromFile(&model, &err, &warn, path);
+  const bool loaded = endsWith(path, ".glb") ? loader.LoadBinaryFromFile(&model, &err, &warn, path)
+                                             : loader.LoadASCIIFromFile(&model, &err, &warn, path);
   if (!loaded) {
     mv::messageSink.error("Cannot read " + path + ": " + err);
     return false;
