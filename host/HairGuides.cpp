@@ -59,7 +59,7 @@ Bool HairGuides::GetRootData(Int32 index, Vector* position, Vector* normal, Vect
   // Into the hair object's space: the surface's global matrix, then the inverse of the hair's.
   const Matrix toHair = Invert(owner_->GetMg()) * surface->GetMg();
   const Vector n =
-      Cross(points[polygon.c] - points[polygon.a], points[polygon.d] - points[polygon.b]);
+      Cross(points[polygon.d] - points[polygon.b], points[polygon.c] - points[polygon.a]);
   const Vector up = toHair.TransformVector(n).GetNormalized();
   if (position) *position = toHair * pointOnPolygon(points, polygon, root.m_S, root.m_T);
   if (normal) *normal = up;

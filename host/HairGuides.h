@@ -5,8 +5,10 @@
 // A polygon root (type HAIR_ROOT_TYPE_POLY) lies on polygon m_ID at (m_S, m_T): on a quad
 // (a, b, c, d) the bilinear point (1-s)(1-t) a + s(1-t) b + st c + (1-s)t d; on a triangle
 // (c == d), with s + t at most 1, a + s (b - a) + t (c - a). Its normal is the polygon's,
-// (c - a) x (d - b) normalised: corners (0,0,0), (0,0,1), (1,0,1), (1,0,0) face +y. Positions
-// and normals are given in the hair object's space.
+// (d - b) x (c - a) normalised, the side from which the corners turn counter-clockwise once
+// the host's axes are mirrored into right-handed ones (y and z swapped), as every mesh file has
+// them: corners (0,0,0), (1,0,0), (1,0,1), (0,0,1) face +y. Positions and normals are given in
+// the hair object's space.
 #pragma once
 
 #include <vector>

@@ -64,8 +64,8 @@ PolygonObject* makeSurface() {
   Vector* p = surface->GetPointW();
   p[0] = {0, 0, 0}, p[1] = {0, 0, 2}, p[2] = {4, 0, 2}, p[3] = {4, 0, 0};
   p[4] = {5, 0, 0}, p[5] = {5, 0, 4};
-  surface->GetPolygonW()[0] = CPolygon(0, 1, 2, 3);
-  surface->GetPolygonW()[1] = CPolygon(3, 5, 4);
+  surface->GetPolygonW()[0] = CPolygon(0, 3, 2, 1);
+  surface->GetPolygonW()[1] = CPolygon(3, 4, 5);
   surface->SetMl(MatrixMove(Vector(10, 0, 0)));
   return surface;
 }
@@ -99,11 +99,11 @@ TEST(HairObject, buildsGuidesThroughItsTagsTwoPasses) {
   EXPECT_EQ(guides->GetCount(), 2);
   EXPECT_EQ(guides->GetGuidePointCount(), 2);
   // Bilinear on the quad: (1-s)(1-t) a + s(1-t) b + st c + (1-s)t d at s 0.25, t 0.5, moved.
-  EXPECT_EQ(guides->GetPoints()[0], Vector(12, 0, 0.5));
-  EXPECT_EQ(guides->GetPoints()[1], Vector(12, 1, 0.5));
-  // On the triangle (3, 5, 4): a + s (b - a) + t (c - a), and its normal faces +y as well.
-  EXPECT_EQ(guides->GetPoints()[2], Vector(14.75, 0, 2));
-  EXPECT_EQ(guides->GetPoints()[3], Vector(14.75, 1, 2));
+  EXPECT_EQ(guides->GetPoints()[0], Vector(11, 0, 1));
+  EXPECT_EQ(guides->GetPoints()[1], Vector(11, 1, 1));
+  // On the triangle (3, 4, 5): a + s (b - a) + t (c - a), and its normal faces +y as well.
+  EXPECT_EQ(guides->GetPoints()[2], Vector(14.75, 0, 1));
+  EXPECT_EQ(guides->GetPoints()[3], Vector(14.75, 1, 1));
 }
 
 TEST(HairObject, documentPassBuildsTheGuidesAndANullResultRemovesThem) {
@@ -119,7 +119,7 @@ TEST(HairObject, rootsAreGivenInTheHairObjectsSpace) {
   Lawn lawn;
   lawn.hair->SetMl(MatrixMove(Vector(0, -3, 0)));
   ASSERT_TRUE(lawn.hair->BuildGuides(&lawn.doc, nullptr));
-  EXPECT_EQ(lawn.hair->GetGuides()->GetPoints()[0], Vector(12, 3, 0.5));
+  EXPECT_EQ(lawn.hair->GetGuides()->GetPoints()[0], Vector(11, 3, 1));
 }
 
 TEST(HairGuides, rootDataIsRefusedWhereThereIsNoPolygon) {

@@ -35,9 +35,9 @@ PolygonObject* makeSurface(const std::vector<Corners>& polygons) {
 
 // A unit quad of the xz plane at (x, z), facing +y.
 Corners quad(double x, double z) {
-  return {{x, 0, z}, {x, 0, z + 1}, {x + 1, 0, z + 1}, {x + 1, 0, z}};
+  return {{x, 0, z}, {x + 1, 0, z}, {x + 1, 0, z + 1}, {x, 0, z + 1}};
 }
-Corners triangle(double x, double z) { return {{x, 0, z}, {x, 0, z + 2}, {x + 2, 0, z}}; }
+Corners triangle(double x, double z) { return {{x, 0, z}, {x + 2, 0, z}, {x, 0, z + 2}}; }
 
 // A document with a surface and a hair object that carries a grass tag linked to it.
 struct Lawn {
