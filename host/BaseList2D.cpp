@@ -64,7 +64,8 @@ Bool BaseList2D::GetParameter(const DescID& id, GeData& value, DESCFLAGS_GET fla
     return true;
   }
   const GeData* stored = data_.GetDataPointer(id[0].id);
-  CustomDataTypeClass* cls = stored ? PluginRegistry::FindCustomDataType(stored->GetType()) : nullptr;
+  CustomDataTypeClass* cls =
+      stored ? PluginRegistry::FindCustomDataType(stored->GetType()) : nullptr;
   if (!cls) return false;
   cls->GetParameter(stored->GetCustomDataType(stored->GetType()), id.GetSubId(), value, flags);
   return (flags & DESCFLAGS_GET_PARAM_GET) != 0;
@@ -73,7 +74,8 @@ Bool BaseList2D::GetParameter(const DescID& id, GeData& value, DESCFLAGS_GET fla
 Bool BaseList2D::setCustomSubParameter(const DescID& id, const GeData& value,
                                        DESCFLAGS_SET& flags) {
   const GeData* stored = data_.GetDataPointer(id[0].id);
-  CustomDataTypeClass* cls = stored ? PluginRegistry::FindCustomDataType(stored->GetType()) : nullptr;
+  CustomDataTypeClass* cls =
+      stored ? PluginRegistry::FindCustomDataType(stored->GetType()) : nullptr;
   if (!cls) return false;
   cls->SetDParameter(stored->GetCustomDataType(stored->GetType()), id.GetSubId(), value, flags);
   return (flags & DESCFLAGS_SET_PARAM_SET) != 0;

@@ -8,8 +8,9 @@ BaseMaterial* BaseMaterial::Alloc(Int32 type) {
   auto* material = new BaseMaterial();
   // Colour is on in a new material, as a user expects of a plain material.
   material->SetChannelState(CHANNEL_COLOR, true);
-  material->GetChannel(CHANNEL_COLOR)->GetDataInstance()->SetVector(CHANNEL_COLOR_VALUE,
-                                                                   Vector(0.8));
+  material->GetChannel(CHANNEL_COLOR)
+      ->GetDataInstance()
+      ->SetVector(CHANNEL_COLOR_VALUE, Vector(0.8));
   material->GetChannel(CHANNEL_COLOR)->GetDataInstance()->SetReal(CHANNEL_BRIGHTNESS, 1.0);
   return material;
 }

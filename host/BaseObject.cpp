@@ -29,12 +29,24 @@ BaseObject* BaseObject::Alloc(Int32 type) {
   if (!entry || entry->kind != PluginKind::Object) return nullptr;
   BaseObject* op = nullptr;
   switch (type) {
-    case Opolygon: op = new PolygonObject(); break;
-    case Ospline: op = new SplineObject(); break;
-    case Oline: op = new LineObject(); break;
-    case Offd: op = new PointObject(Offd); break;
-    case Ohair: op = new HairObject(); break;
-    default: op = new BaseObject(type); break;
+    case Opolygon:
+      op = new PolygonObject();
+      break;
+    case Ospline:
+      op = new SplineObject();
+      break;
+    case Oline:
+      op = new LineObject();
+      break;
+    case Offd:
+      op = new PointObject(Offd);
+      break;
+    case Ohair:
+      op = new HairObject();
+      break;
+    default:
+      op = new BaseObject(type);
+      break;
   }
   if (!PluginRegistry::AttachNodeData(op)) {
     delete op;
@@ -62,7 +74,8 @@ BaseObject* BaseObject::GetClone(COPYFLAGS flags, AliasTrans* trans) const {
   clone->editorMode_ = editorMode_;
   clone->renderMode_ = renderMode_;
   for (const BaseTag* tag : tags_) {
-    if (BaseTag* copy = tag->GetClone(flags, trans)) clone->InsertTag(copy, clone->tags_.empty() ? nullptr : clone->tags_.back());
+    if (BaseTag* copy = tag->GetClone(flags, trans))
+      clone->InsertTag(copy, clone->tags_.empty() ? nullptr : clone->tags_.back());
   }
   if (trans) trans->Record(this, clone);
   if (!(flags & COPYFLAGS_NO_HIERARCHY)) {
@@ -195,7 +208,8 @@ Bool BaseObject::CopyTagsTo(BaseObject* dest, Int32 visible, Int32 variable, Int
   if (!dest) return false;
   for (const BaseTag* tag : tags_) {
     Int32 info = tag->GetInfo();
-    if (!matchesFilter(visible, info & TAG_VISIBLE) || !matchesFilter(variable, tag->IsVariable()) ||
+    if (!matchesFilter(visible, info & TAG_VISIBLE) ||
+        !matchesFilter(variable, tag->IsVariable()) ||
         !matchesFilter(hierarchical, info & TAG_HIERARCHICAL)) {
       continue;
     }
@@ -222,9 +236,7 @@ void BaseObject::AddDependence(HierarchyHelp*, BaseObject* op) {
       {op->GetUniqueId(), op->GetDirty(DIRTYFLAGS_DATA | DIRTYFLAGS_MATRIX | DIRTYFLAGS_CACHE)});
 }
 
-Bool BaseObject::CompareDependenceList() const {
-  return pendingDependences_ == builtDependences_;
-}
+Bool BaseObject::CompareDependenceList() const { return pendingDependences_ == builtDependences_; }
 
 void BaseObject::TouchDependenceList() {
   for (const Dependence& dependence : pendingDependences_) {
@@ -246,16 +258,14 @@ BaseObject* BaseObject::GetHierarchyClone(HierarchyHelp*, BaseObject* child, HIE
   bool changed = childChanged(child);
   child->Touch();
   if (dirty) {
-    bool onlyCheck = !*dirty;
     if (changed) *dirty = true;
-    if (onlyCheck) return nullptr;
+    return nullptr;
   }
   return child->GetClone(COPYFLAGS_NONE, trans);
 }
 
-LineObject* BaseObject::GetVirtualLineObject(BaseObject* child, HierarchyHelp* hh,
-                                             const Matrix& ml, Bool, Bool, Matrix* mres,
-                                             Bool* dirty) {
+LineObject* BaseObject::GetVirtualLineObject(BaseObject* child, HierarchyHelp* hh, const Matrix& ml,
+                                             Bool, Bool, Matrix* mres, Bool* dirty) {
   if (!child || !(child->GetInfo() & OBJECT_ISSPLINE)) return nullptr;
   if (childChanged(child) && dirty) *dirty = true;
   child->Touch();

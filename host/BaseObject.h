@@ -84,7 +84,7 @@ class BaseObject : public BaseList2D {
                   AliasTrans* trans) const;
 
   // Evaluation, for the object (this) that evaluates and the children it reads.
-  BaseObject* GetCache(HierarchyHelp* hh = nullptr) const { return cache_; }
+  BaseObject* GetCache(HierarchyHelp* /*hh*/ = nullptr) const { return cache_; }
   BaseObject* GetCacheParent() const { return cacheParent_; }
   // True when the object has no valid cache.
   Bool CheckCache(HierarchyHelp* hh) const;
@@ -102,8 +102,8 @@ class BaseObject : public BaseList2D {
   Bool CompareDependenceList() const;
   void TouchDependenceList();
 
-  // A clone of `child` and its subtree, the caller's. With `dirty` holding false it only
-  // raises `dirty` when the child changed since this object last looked, and clones nothing.
+  // A clone of `child` and its subtree, the caller's. With a `dirty` pointer it only raises
+  // `dirty` when the child changed since this object last looked, and clones nothing.
   BaseObject* GetHierarchyClone(HierarchyHelp* hh, BaseObject* child, HIERARCHYCLONEFLAGS flags,
                                 Bool* dirty, AliasTrans* trans);
   // The line object of a spline child, with the modifiers below the child applied; owned by

@@ -23,4 +23,6 @@ Bool BaseSelect::SelectAll(Int32 min, Int32 max) {
   return true;
 }
 
-void BaseSelect::Cut(Int32 count) { selected_.erase(selected_.lower_bound(count), selected_.end()); }
+void BaseSelect::Cut(Int32 count) {
+  selected_.erase(selected_.lower_bound(count), selected_.end());
+}

@@ -14,13 +14,25 @@ BaseTag* BaseTag::Alloc(Int32 type) {
   if (!entry || entry->kind != PluginKind::Tag) return nullptr;
   BaseTag* tag = nullptr;
   switch (type) {
-    case Tuvw: tag = new UVWTag(); break;
-    case Tline: tag = new LineTag(); break;
-    case Tsegment: tag = new SegmentTag(); break;
-    case Ttexture: tag = new TextureTag(); break;
+    case Tuvw:
+      tag = new UVWTag();
+      break;
+    case Tline:
+      tag = new LineTag();
+      break;
+    case Tsegment:
+      tag = new SegmentTag();
+      break;
+    case Ttexture:
+      tag = new TextureTag();
+      break;
     case Tpolygonselection:
-    case Tpointselection: tag = new SelectionTag(type); break;
-    default: tag = new BaseTag(type); break;
+    case Tpointselection:
+      tag = new SelectionTag(type);
+      break;
+    default:
+      tag = new BaseTag(type);
+      break;
   }
   if (!PluginRegistry::AttachNodeData(tag)) {
     delete tag;

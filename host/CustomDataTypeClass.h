@@ -40,8 +40,8 @@ class CustomDataTypeClass {
                               DescID* /*single*/) {
     return true;
   }
-  virtual Bool GetParameter(const CustomDataType* /*data*/, const DescID& /*id*/,
-                            GeData& /*value*/, DESCFLAGS_GET& /*flags*/) {
+  virtual Bool GetParameter(const CustomDataType* /*data*/, const DescID& /*id*/, GeData& /*value*/,
+                            DESCFLAGS_GET& /*flags*/) {
     return true;
   }
   virtual Bool SetDParameter(CustomDataType* /*data*/, const DescID& /*id*/,

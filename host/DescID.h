@@ -11,7 +11,8 @@ struct DescLevel {
   Int32 dtype = 0;
   Int32 creator = 0;
   DescLevel() = default;
-  DescLevel(Int32 id, Int32 dtype = 0, Int32 creator = 0) : id(id), dtype(dtype), creator(creator) {}
+  DescLevel(Int32 id, Int32 dtype = 0, Int32 creator = 0)
+      : id(id), dtype(dtype), creator(creator) {}
 };
 
 class DescID {

@@ -165,15 +165,24 @@ void GeData::SetCustomDataType(Int32 type, const CustomDataType& data) {
 bool GeData::operator==(const GeData& other) const {
   if (type_ != other.type_) return false;
   switch (type_) {
-    case DA_NIL: return true;
-    case DA_LONG: return integer_ == other.integer_;
-    case DA_REAL: return real_ == other.real_;
-    case DA_VECTOR: return vector_ == other.vector_;
-    case DA_MATRIX: return matrix_ == other.matrix_;
-    case DA_STRING: return string_ == other.string_;
-    case DA_ALIASLINK: return linkId_ == other.linkId_;
-    case DA_CONTAINER: return *container_ == *other.container_;
-    default: break;
+    case DA_NIL:
+      return true;
+    case DA_LONG:
+      return integer_ == other.integer_;
+    case DA_REAL:
+      return real_ == other.real_;
+    case DA_VECTOR:
+      return vector_ == other.vector_;
+    case DA_MATRIX:
+      return matrix_ == other.matrix_;
+    case DA_STRING:
+      return string_ == other.string_;
+    case DA_ALIASLINK:
+      return linkId_ == other.linkId_;
+    case DA_CONTAINER:
+      return *container_ == *other.container_;
+    default:
+      break;
   }
   CustomDataTypeClass* cls = PluginRegistry::FindCustomDataType(type_);
   return cls && custom_ && other.custom_ && cls->Compare(custom_, other.custom_) == 0;

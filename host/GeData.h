@@ -77,5 +77,5 @@ class GeData {
   String string_;
   Int64 linkId_ = 0;
   BaseContainer* container_ = nullptr;  // owned
-  CustomDataType* custom_ = nullptr;  // owned; freed through its class
+  CustomDataType* custom_ = nullptr;    // owned; freed through its class
 };

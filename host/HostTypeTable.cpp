@@ -1,7 +1,14 @@
 #include "host/HostTypeTable.h"
 
+#include <utility>
+
+#include "host/DeformerGrid.h"
 #include "host/HostIds.h"
+#include "host/InstanceObject.h"
 #include "host/PluginRegistry.h"
+#include "host/PrimitiveObject.h"
+#include "host/SplinePrimitiveObject.h"
+#include "host/SweepObject.h"
 
 namespace {
 
@@ -26,6 +33,25 @@ void HostTypeTable::AddAll() {
   addType(Ospline, PluginKind::Object, "Ospline", points | OBJECT_ISSPLINE);
   addType(Oline, PluginKind::Object, "Oline", points);
   addType(Ohair, PluginKind::Object, "Ohair", 0);
+  for (auto [id, word] : {std::pair{Ocube, "Ocube"},
+                          {Osphere, "Osphere"},
+                          {Ocone, "Ocone"},
+                          {Ocylinder, "Ocylinder"},
+                          {Odisc, "Odisc"},
+                          {Oplane, "Oplane"}}) {
+    addType(id, PluginKind::Object, word, OBJECT_GENERATOR, PrimitiveObject::Alloc);
+  }
+  for (auto [id, word] : {std::pair{Osplinecircle, "Osplinecircle"},
+                          {Osplinenside, "Osplinenside"},
+                          {Osplinearc, "Osplinearc"}}) {
+    addType(id, PluginKind::Object, word, OBJECT_ISSPLINE, SplinePrimitiveObject::Alloc);
+  }
+
+  addType(Osweep, PluginKind::Object, "Osweep", OBJECT_GENERATOR | OBJECT_INPUT,
+          SweepObject::Alloc);
+  addType(Oinstance, PluginKind::Object, "Oinstance", OBJECT_GENERATOR, InstanceObject::Alloc);
+  addType(Offd, PluginKind::Object, "Offd", points | OBJECT_GENERATOR | OBJECT_INPUT,
+          DeformerGrid::Alloc);
 
   addType(Tphong, PluginKind::Tag, "Tphong", TAG_VISIBLE);
   addType(Tdisplay, PluginKind::Tag, "Tdisplay", TAG_VISIBLE | TAG_HIERARCHICAL);

@@ -31,9 +31,7 @@ Bool LineObject::ResizeObject(Int32 pointCount, Int32 segmentCount) {
 
 LineTag* LineObject::GetLineTag() const { return static_cast<LineTag*>(GetTag(Tline)); }
 
-SegmentTag* LineObject::GetSegmentTag() const {
-  return static_cast<SegmentTag*>(GetTag(Tsegment));
-}
+SegmentTag* LineObject::GetSegmentTag() const { return static_cast<SegmentTag*>(GetTag(Tsegment)); }
 
 Int32 LineObject::GetSegmentCount() const {
   SegmentTag* tag = GetSegmentTag();

@@ -28,9 +28,8 @@ Registry& registry() {
   return state;
 }
 
-Bool addClass(Int32 id, PluginKind kind, const String& name, Int32 info,
-              DataAllocator* allocator, const String& description, BaseBitmap* icon,
-              Int32 diskLevel) {
+Bool addClass(Int32 id, PluginKind kind, const String& name, Int32 info, DataAllocator* allocator,
+              const String& description, BaseBitmap* icon, Int32 diskLevel) {
   PluginEntry entry;
   entry.id = id;
   entry.kind = kind;
@@ -140,8 +139,8 @@ Bool RegisterCommandPlugin(Int32 id, const String& name, Int32 info, BaseBitmap*
   return PluginRegistry::Add(std::move(entry));
 }
 
-Bool RegisterSceneLoaderPlugin(Int32 id, const String& name, Int32 info,
-                               DataAllocator* allocator, const String& description) {
+Bool RegisterSceneLoaderPlugin(Int32 id, const String& name, Int32 info, DataAllocator* allocator,
+                               const String& description) {
   if (!allocator) return false;
   return addClass(id, PluginKind::SceneLoader, name, info, allocator, description, nullptr, 0);
 }

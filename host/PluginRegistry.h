@@ -58,8 +58,8 @@ Bool RegisterTagPlugin(Int32 id, const String& name, Int32 info, DataAllocator* 
 // The registry takes ownership of the command.
 Bool RegisterCommandPlugin(Int32 id, const String& name, Int32 info, BaseBitmap* icon,
                            const String& help, CommandData* command);
-Bool RegisterSceneLoaderPlugin(Int32 id, const String& name, Int32 info,
-                               DataAllocator* allocator, const String& description);
+Bool RegisterSceneLoaderPlugin(Int32 id, const String& name, Int32 info, DataAllocator* allocator,
+                               const String& description);
 // The registry takes ownership of the class; `level` is the level its values are written at.
 Bool RegisterCustomDataTypePlugin(const String& name, Int32 info, CustomDataTypeClass* dataType,
                                   Int32 level);

@@ -54,8 +54,7 @@ Int32 adaptiveSteps(const Run& run, size_t span, Float angle) {
   return std::clamp(static_cast<Int32>(std::ceil(turn / angle)) - 1, 0, kMaxAdaptiveSteps);
 }
 
-Int32 stepsInside(const Run& run, size_t span, bool cubic, Int32 mode, Int32 number,
-                  Float angle) {
+Int32 stepsInside(const Run& run, size_t span, bool cubic, Int32 mode, Int32 number, Float angle) {
   if (mode == SPLINEOBJECT_INTERPOLATION_NONE) return 0;
   if (mode == SPLINEOBJECT_INTERPOLATION_ADAPTIVE) {
     return cubic ? adaptiveSteps(run, span, angle) : 0;

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "host/Vector.h"
 #include "host/VariableTag.h"
+#include "host/Vector.h"
 
 struct UVWStruct {
   Vector a, b, c, d;

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "TestDataType.h"
 #include "host/BaseObject.h"
 #include "host/HyperFile.h"
-#include "TestDataType.h"
 
 namespace {
 

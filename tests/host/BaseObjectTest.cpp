@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "TestDataType.h"
 #include "host/AliasTrans.h"
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
 #include "host/PolygonObject.h"
 #include "host/SelectionTag.h"
 #include "host/UVWTag.h"
-#include "TestDataType.h"
 
 namespace {
 
@@ -127,7 +127,8 @@ TEST(BaseObject, SubParameterOfCustomDataGoesToItsClass) {
   BaseObject* op = named(Onull, "op");
   op->GetDataInstance()->SetData(5, GeData(kTestDataTypeId, numberList({1.0, 2.0})));
   EXPECT_TRUE(op->SetParameter(DescID(DescLevel(5), DescLevel(2)), GeData(7.0), 0));
-  auto* list = static_cast<NumberList*>(op->GetDataInstance()->GetCustomDataType(5, kTestDataTypeId));
+  auto* list =
+      static_cast<NumberList*>(op->GetDataInstance()->GetCustomDataType(5, kTestDataTypeId));
   EXPECT_EQ(list->values, (std::vector<Float>{1.0, 7.0}));
   EXPECT_FALSE(op->SetParameter(DescID(DescLevel(5), DescLevel(9)), GeData(7.0), 0));
   EXPECT_FALSE(op->SetParameter(DescID(DescLevel(6), DescLevel(1)), GeData(7.0), 0));
