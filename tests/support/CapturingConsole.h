@@ -1,4 +1,4 @@
-// CapturingConsole: records the host's console lines and special events for tests, installed for
+// CapturingConsole: records the host's console lines and status calls for tests, installed for
 // its lifetime.
 #pragma once
 
@@ -13,14 +13,23 @@ class CapturingConsole : public HostConsole {
   ~CapturingConsole() override { HostConsole::Install(previous_); }
 
   void print(const String& line) override { lines.push_back(line); }
-  void statusText(const String&) override {}
-  void statusBar(Int32) override {}
-  void statusSpin() override {}
-  void statusClear() override {}
+  void statusText(const String& text) override { statusTexts.push_back(text); }
+  void statusBar(Int32 percent) override { bars.push_back(percent); }
+  void statusSpin() override { ++spins; }
+  void statusClear() override { ++clears; }
   void specialEvent(Int32 id, UInt64, UInt64) override { events.push_back(id); }
 
-  std::vector<String> lines;
-  std::vector<Int32> events;
+  bool saw(const std::string& line) const {
+    for (const std::string& each : lines) {
+      if (each == line) return true;
+    }
+    return false;
+  }
+
+  std::vector<std::string> lines, statusTexts;
+  std::vector<Int32> bars, events;
+  int spins = 0;
+  int clears = 0;
 
  private:
   HostConsole* previous_;
