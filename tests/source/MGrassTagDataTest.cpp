@@ -8,7 +8,6 @@
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
 #include "host/HairObject.h"
-#include "host/PluginRegistry.h"
 #include "host/PolygonObject.h"
 #include "support/CapturingConsole.h"
 #include "support/CapturingMessageHandler.h"
@@ -47,14 +46,11 @@ struct Lawn {
   BaseTag* tag = nullptr;
 
   explicit Lawn(const std::vector<Corners>& polygons) : surface(makeSurface(polygons)) {
-    static const bool registered =
-        RegisterTagPlugin(kGrassTag, "Grass", TAG_VISIBLE | TAG_EXPRESSION, &MGrassTagData::Alloc,
-                          "TMGrassTag", nullptr, 0);
-    EXPECT_TRUE(registered);
     doc.InsertObject(surface, nullptr, nullptr);
     doc.InsertObject(hair, nullptr, nullptr);
     hair->GetDataInstance()->SetLink(HAIR_LINK, surface);
-    tag = hair->MakeTag(kGrassTag);
+    tag = hair->MakeTag(kGrassTag);  // registered by the plug-in's start
+    EXPECT_NE(tag, nullptr);
     parameters()->SetLink(MGrassTagData::MGRASS_SURFACE, surface);
   }
   BaseContainer* parameters() { return tag->GetDataInstance(); }

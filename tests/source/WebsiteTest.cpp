@@ -19,9 +19,15 @@ void loadStrings(const std::string& folder, const std::string& strings) {
   ASSERT_TRUE(GeResource::Init(Filename(path.string())));
 }
 
+// Each test loads strings of its own; the plug-in's own come back afterwards.
+class WebsiteCommand : public testing::Test {
+ protected:
+  void TearDown() override { GeResource::Init(Filename(MORVO_SOURCE_DIR "/res")); }
+};
+
 }  // namespace
 
-TEST(Website, opensTheAddressBuiltFromTheStrings) {
+TEST_F(WebsiteCommand, opensTheAddressBuiltFromTheStrings) {
   loadStrings("website-res", "10020 \"https://docs.example.org/morvo\"\n10021 \"=de\"\n");
   const String expected =
       "https://docs.example.org/morvo?action=docs&pf=c4d&os=mac&lang=de&ver=5.0.2";
@@ -33,7 +39,7 @@ TEST(Website, opensTheAddressBuiltFromTheStrings) {
   EXPECT_EQ(website.GetState(nullptr), 0x40000000);
 }
 
-TEST(Website, withoutTheEndpointDoesNothingAndSaysFalse) {
+TEST_F(WebsiteCommand, withoutTheEndpointDoesNothingAndSaysFalse) {
   loadStrings("website-res-empty", "10021 \"=en\"\n");
   EXPECT_EQ(Website::address(), "");
   CapturingConsole console;
