@@ -26,6 +26,9 @@ int main(int argc, char** argv) {
   addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
+  addGrassCommand(app, result);
+  addAboutCommand(app, result);
+  addDocsUrlCommand(app, result);
 
   try {
     app.parse(argc, argv);
