@@ -6,12 +6,10 @@
 #include <sstream>
 #include <string>
 
+#include "classic/MeshRender.h"
 #include "classic/SceneGraph.h"
-#include "classic/SelectionMesh.h"
-#include "core/EHierarchyHelp.h"
 #include "curves/ParameterSetData.h"
 #include "geometry/MeshData.h"
-#include "geometry/OPolygonStream.h"
 #include "scene/MvrSceneLoader.h"
 
 namespace {
@@ -61,16 +59,7 @@ void BM_ClassicPlantScene(benchmark::State& state) {
     loader.loadStream(settings, stream);
     loader.releaseUnlinked();
     mv::MeshData mesh;
-    mv::SelectionMesh selecting(mesh);
-    {
-      mv::OPolygonStream polygonStream(&selecting, true);
-      selecting.watch(&polygonStream);
-      mv::EHierarchyHelp help;
-      graph.evaluate(help, polygonStream);
-      polygonStream.flush();
-    }
-    selecting.watch(nullptr);
-    selecting.finish();
+    mv::renderMesh(graph, mesh);
     polygons += static_cast<int64_t>(mesh.polygons.size());
     state.counters["leaves"] = static_cast<double>(mesh.selections["Leaf"].size()) / 32.0;
   }

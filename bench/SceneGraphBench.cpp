@@ -3,13 +3,11 @@
 #include <benchmark/benchmark.h>
 
 #include "classic/ClassicSimple.h"
+#include "classic/MeshRender.h"
 #include "classic/SceneGraph.h"
-#include "classic/SelectionMesh.h"
 #include "classic/SolidParameters.h"
 #include "classic/Sphere.h"
-#include "core/EHierarchyHelp.h"
 #include "geometry/MeshData.h"
-#include "geometry/OPolygonStream.h"
 
 namespace {
 
@@ -46,16 +44,7 @@ void BM_SceneGraphInstances(benchmark::State& state) {
   int64_t polygons = 0;
   for (auto _ : state) {
     mv::MeshData mesh;
-    mv::SelectionMesh selecting(mesh);
-    {
-      mv::OPolygonStream stream(&selecting, true);
-      selecting.watch(&stream);
-      mv::EHierarchyHelp help;
-      graph.evaluate(help, stream);
-      stream.flush();
-    }
-    selecting.watch(nullptr);
-    selecting.finish();
+    mv::renderMesh(graph, mesh);
     polygons += mesh.getPolygonCount();
     benchmark::DoNotOptimize(mesh.points.data());
   }

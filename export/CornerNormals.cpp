@@ -20,65 +20,64 @@ Vector3 newellNormal(const IMesh& mesh, const MeshPolygon& polygon) {
   return normal;
 }
 
-// For each point, the polygons that use it, as offsets into one flat list.
-struct PointPolygons {
-  std::vector<uint32_t> start, polygons;
-};
-
-PointPolygons pointPolygons(const IMesh& mesh) {
-  PointPolygons result;
-  result.start.assign(mesh.getPointCount() + 1, 0);
-  MeshPolygon polygon;
-  const auto forEachCorner = [&](auto&& visit) {
-    for (uint32_t i = 0; i < mesh.getPolygonCount(); ++i) {
-      mesh.getPolygon(i, polygon);
-      visit(polygon.a, i);
-      visit(polygon.b, i);
-      visit(polygon.c, i);
-      if (!polygon.isTriangle()) visit(polygon.d, i);
-    }
-  };
-  forEachCorner([&](uint32_t point, uint32_t) { ++result.start[point + 1]; });
-  for (size_t k = 1; k < result.start.size(); ++k) result.start[k] += result.start[k - 1];
-  result.polygons.resize(result.start.back());
-  std::vector<uint32_t> filled(result.start.begin(), result.start.end() - 1);
-  forEachCorner([&](uint32_t point, uint32_t i) { result.polygons[filled[point]++] = i; });
-  return result;
+uint32_t cornerOf(const MeshPolygon& polygon, int corner) {
+  const uint32_t corners[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
+  return corners[corner];
 }
 
 }  // namespace
 
-std::vector<Vector3> CornerNormals::faceNormals(const IMesh& mesh) {
-  std::vector<Vector3> normals(mesh.getPolygonCount());
-  MeshPolygon polygon;
-  for (uint32_t i = 0; i < mesh.getPolygonCount(); ++i) {
-    mesh.getPolygon(i, polygon);
-    normals[i] = newellNormal(mesh, polygon);
-  }
-  return normals;
+CornerNormals::CornerNormals(const IMesh& mesh, double creaseAngle)
+    : mesh_(mesh), limit_(std::cos(creaseAngle)) {
+  collectFaces();
+  collectPolygonsAroundPoints();
 }
 
-std::vector<Vector3> CornerNormals::compute(const IMesh& mesh, double creaseAngle) {
-  const std::vector<Vector3> faces = faceNormals(mesh);
-  const PointPolygons around = pointPolygons(mesh);
-  const double limit = std::cos(creaseAngle);
-  std::vector<Vector3> result(4 * faces.size());
+void CornerNormals::collectFaces() {
+  faces_.resize(mesh_.getPolygonCount());
   MeshPolygon polygon;
-  for (uint32_t i = 0; i < faces.size(); ++i) {
-    mesh.getPolygon(i, polygon);
-    const Vector3 own = faces[i].normalized();
-    const uint32_t corners[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
-    for (int k = 0; k < 4; ++k) {
-      Vector3 sum;
-      for (uint32_t at = around.start[corners[k]]; at < around.start[corners[k] + 1]; ++at) {
-        const Vector3& other = faces[around.polygons[at]];
-        if (own == Vector3() || other.normalized().dot(own) >= limit) sum += other;
-      }
-      const Vector3 normal = sum.normalized();
-      result[4 * i + k] = normal != Vector3() ? normal : Vector3(0, 0, 1);
+  for (uint32_t i = 0; i < faces_.size(); ++i) {
+    mesh_.getPolygon(i, polygon);
+    const Vector3 normal = newellNormal(mesh_, polygon);
+    const double length = normal.length();
+    const Vector3 unit = length > 0.0 ? normal / length : Vector3();
+    faces_[i] = {{float(unit.x), float(unit.y), float(unit.z)}, float(length)};
+  }
+}
+
+void CornerNormals::collectPolygonsAroundPoints() {
+  start_.assign(size_t(mesh_.getPointCount()) + 1, 0);
+  MeshPolygon polygon;
+  const auto forEachCorner = [&](auto&& visit) {
+    for (uint32_t i = 0; i < mesh_.getPolygonCount(); ++i) {
+      mesh_.getPolygon(i, polygon);
+      for (int k = 0; k < (polygon.isTriangle() ? 3 : 4); ++k) visit(cornerOf(polygon, k), i);
+    }
+  };
+  forEachCorner([&](uint32_t point, uint32_t) { ++start_[point + 1]; });
+  for (size_t k = 1; k < start_.size(); ++k) start_[k] += start_[k - 1];
+  around_.resize(start_.back());
+  std::vector<uint32_t> filled(start_.begin(), start_.end() - 1);
+  forEachCorner([&](uint32_t point, uint32_t i) { around_[filled[point]++] = i; });
+}
+
+Vector3 CornerNormals::at(uint32_t polygonIndex, int corner) const {
+  MeshPolygon polygon;
+  mesh_.getPolygon(polygonIndex, polygon);
+  const uint32_t point = cornerOf(polygon, corner);
+  const Face& own = faces_[polygonIndex];
+  const bool flat = own.area == 0.0f;
+  Vector3 sum;
+  for (uint32_t at = start_[point]; at < start_[point + 1]; ++at) {
+    const Face& other = faces_[around_[at]];
+    const double cosine = double(other.unit[0]) * own.unit[0] +
+                          double(other.unit[1]) * own.unit[1] + double(other.unit[2]) * own.unit[2];
+    if (flat || cosine >= limit_) {
+      sum += Vector3(other.unit[0], other.unit[1], other.unit[2]) * double(other.area);
     }
   }
-  return result;
+  const Vector3 normal = sum.normalized();
+  return normal != Vector3() ? normal : Vector3(0, 0, 1);
 }
 
 }  // namespace mv

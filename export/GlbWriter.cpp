@@ -1,13 +1,16 @@
 #include "export/GlbWriter.h"
 
-#include <tiny_gltf.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <map>
-#include <unordered_map>
+#include <memory>
 #include <utility>
 
 #include "core/MessageSink.h"
@@ -15,214 +18,513 @@
 #include "export/CornerNormals.h"
 #include "export/ExportableMesh.h"
 #include "export/FileAxes.h"
+#include "export/PhaseTimes.h"
+#include "export/RecordWeld.h"
+#include "export/ShellOrientation.h"
+#include "export/TextureReference.h"
+#include "export/Utf8Text.h"
 
 namespace mv {
 
 namespace {
 
 constexpr size_t kLargestShortIndexCount = 65535;  // 65 535 itself is the restart value
+constexpr uint32_t kMagic = 0x46546C67, kJsonChunk = 0x4E4F534A, kBinaryChunk = 0x004E4942;
+constexpr int kArrayBuffer = 34962, kElementArrayBuffer = 34963;
+constexpr int kFloat = 5126, kUnsignedShort = 5123, kUnsignedInt = 5125;
+// Stand-ins, at least as long in JSON as any real value, for the numbers that are known only
+// once the geometry is written: the JSON chunk is reserved at that length before the geometry.
+constexpr uint64_t kWidestCount = std::numeric_limits<uint64_t>::max();
+constexpr double kWidestBound = -1.2345678901234567e-300;
 
-// The vertices and triangles of one primitive. Corners equal in point, normal and texture
-// coordinate (as stored, in single precision) share a vertex.
-class PrimitiveBuilder {
- public:
-  void addCorner(uint32_t point, const Vector3& position, const Vector3& normal,
-                 const Vector3& uv) {
-    const std::array<float, 8> v = {float(position.x), float(position.y), float(position.z),
-                                    float(normal.x),   float(normal.y),   float(normal.z),
-                                    float(uv.x),       float(uv.y)};
-    Key key{point, {}};
-    std::memcpy(key.bits.data(), v.data() + 3, sizeof key.bits);
-    const auto [found, added] = vertices_.try_emplace(key, uint32_t(vertices_.size()));
-    if (added) {
-      positions.insert(positions.end(), v.begin(), v.begin() + 3);
-      normals.insert(normals.end(), v.begin() + 3, v.begin() + 6);
-      texcoords.insert(texcoords.end(), v.begin() + 6, v.end());
-    }
-    indices.push_back(found->second);
-  }
-  size_t vertexCount() const { return vertices_.size(); }
-
-  std::vector<float> positions, normals, texcoords;
-  std::vector<uint32_t> indices;
-
- private:
-  struct Key {
-    uint32_t point;
-    std::array<uint32_t, 5> bits;  // normal and texture coordinate
-    bool operator==(const Key& o) const { return point == o.point && bits == o.bits; }
-  };
-  struct KeyHash {
-    size_t operator()(const Key& key) const {
-      size_t hash = key.point;
-      for (uint32_t b : key.bits) hash = hash * 1000003u ^ b;
-      return hash;
-    }
-  };
-  std::unordered_map<Key, uint32_t, KeyHash> vertices_;
+struct View {
+  uint64_t offset = 0, length = 0;
+  int target = 0;  // 0: none, as for images
 };
 
-// Triangles of every polygon, grouped by material; quads split along a-c.
-std::map<int, PrimitiveBuilder> buildPrimitives(const MeshData& mesh, double creaseAngle) {
-  const std::vector<Vector3> normals = CornerNormals::compute(mesh, creaseAngle);
-  std::map<int, PrimitiveBuilder> primitives;
-  TexturePolygon uv;
-  for (uint32_t i = 0; i < mesh.getPolygonCount(); ++i) {
-    const MeshPolygon& polygon = mesh.polygons[i];
-    mesh.getTexturePolygon(i, uv);
-    const uint32_t points[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
-    const Vector3 uvs[4] = {uv.a, uv.b, uv.c, uv.d};
-    PrimitiveBuilder& builder = primitives[polygon.material];
-    const auto corner = [&](int k) {
-      builder.addCorner(points[k], FileAxes::fromLibrary(mesh.points[points[k]]),
-                        FileAxes::fromLibrary(normals[4 * i + k]), uvs[k]);
-    };
-    for (int k : {0, 1, 2}) corner(k);
-    if (polygon.isTriangle()) continue;
-    for (int k : {0, 2, 3}) corner(k);
+struct Accessor {
+  int view = 0, componentType = kFloat;
+  uint64_t count = 0;
+  const char* type = "VEC3";
+  bool bounded = false;
+  std::array<double, 3> min{}, max{};
+};
+
+struct Image {
+  std::string uri;  // a reference, or empty when the image is stored in view
+  int view = -1;
+  std::string mimeType;
+  std::string bytes;  // the stored image until it is written
+};
+
+struct Material {
+  std::string name;
+  std::array<double, 3> colour{};
+  int texture = -1;
+  bool doubleSided = false;
+};
+
+struct Primitive {
+  int material = -1;  // the mesh's material index
+  uint64_t triangles = 0;
+  bool open = false;  // some polygon lies in an open sheet
+};
+
+// Everything the JSON chunk says; primitive k has accessors 4k to 4k + 3 (position, normal,
+// texture coordinate, indices) and views after the images' views in the same order.
+struct Document {
+  std::vector<View> views;
+  std::vector<Accessor> accessors;
+  std::vector<Image> images;
+  std::vector<Material> materials;
+  uint64_t bufferLength = 0;
+  // The line strips' primitive, when there is one: the last material, accessors 4k and 4k + 1.
+  bool hasLines = false;
+
+  nlohmann::json accessorJson(const Accessor& accessor, bool widest) const {
+    nlohmann::json json = {{"bufferView", accessor.view},
+                           {"componentType", accessor.componentType},
+                           {"count", widest ? kWidestCount : accessor.count},
+                           {"type", accessor.type}};
+    if (accessor.bounded) {
+      const auto bound = [&](const std::array<double, 3>& value) {
+        return widest ? std::vector<double>(3, kWidestBound)
+                      : std::vector<double>(value.begin(), value.end());
+      };
+      json["min"] = bound(accessor.min);
+      json["max"] = bound(accessor.max);
+    }
+    return json;
   }
-  return primitives;
+
+  nlohmann::json viewJson(const View& view, bool widest) const {
+    nlohmann::json json = {{"buffer", 0},
+                           {"byteOffset", widest ? kWidestCount : view.offset},
+                           {"byteLength", widest ? kWidestCount : view.length}};
+    if (view.target != 0) json["target"] = view.target;
+    return json;
+  }
+
+  nlohmann::json meshJson() const {
+    nlohmann::json primitives = nlohmann::json::array();
+    for (size_t k = 0; k < materials.size(); ++k) {
+      const int first = int(4 * k);
+      if (hasLines && k + 1 == materials.size()) {
+        primitives.push_back({{"attributes", {{"POSITION", first}}},
+                              {"indices", first + 1},
+                              {"material", int(k)},
+                              {"mode", 1}});
+        continue;
+      }
+      primitives.push_back(
+          {{"attributes", {{"POSITION", first}, {"NORMAL", first + 1}, {"TEXCOORD_0", first + 2}}},
+           {"indices", first + 3},
+           {"material", int(k)},
+           {"mode", 4}});
+    }
+    return {{"primitives", primitives}};
+  }
+
+  nlohmann::json materialJson(const Material& material) const {
+    nlohmann::json pbr = {
+        {"baseColorFactor", {material.colour[0], material.colour[1], material.colour[2], 1.0}},
+        {"metallicFactor", 0.0},
+        {"roughnessFactor", 1.0}};
+    if (material.texture >= 0) pbr["baseColorTexture"] = {{"index", material.texture}};
+    return {{"name", material.name},
+            {"doubleSided", material.doubleSided},
+            {"pbrMetallicRoughness", pbr}};
+  }
+
+  nlohmann::json imageJson(const Image& image) const {
+    if (image.view < 0) return {{"uri", image.uri}};
+    return {{"bufferView", image.view}, {"mimeType", image.mimeType}};
+  }
+
+  // The JSON chunk's text; widest puts the stand-ins in place of the written geometry's numbers.
+  std::string json(bool widest) const {
+    nlohmann::json json = {{"asset", {{"version", "2.0"}, {"generator", "Morvo"}}}};
+    if (!materials.empty()) {
+      json["scene"] = 0;
+      json["scenes"] = {{{"nodes", {0}}}};
+      json["nodes"] = {{{"mesh", 0}}};
+      json["meshes"] = {meshJson()};
+      for (const Material& material : materials)
+        json["materials"].push_back(materialJson(material));
+    }
+    for (const Accessor& accessor : accessors) {
+      json["accessors"].push_back(accessorJson(accessor, widest));
+    }
+    for (const View& view : views) json["bufferViews"].push_back(viewJson(view, widest));
+    if (!views.empty()) {
+      json["buffers"] = {{{"byteLength", widest ? kWidestCount : bufferLength}}};
+    }
+    if (!images.empty()) {
+      json["samplers"] = {{{"magFilter", 9729}, {"minFilter", 9987}}};
+      for (size_t k = 0; k < images.size(); ++k) {
+        json["images"].push_back(imageJson(images[k]));
+        json["textures"].push_back({{"source", int(k)}, {"sampler", 0}});
+      }
+    }
+    return json.dump();
+  }
+};
+
+const TexturePolygon& texturePolygonOf(const MeshData& mesh, uint32_t polygon) {
+  static const TexturePolygon none;
+  return polygon < mesh.texturePolygons.size() ? mesh.texturePolygons[polygon] : none;
 }
 
-// Assembles the model: one buffer, one view and accessor per attribute.
-class ModelBuilder {
- public:
-  ModelBuilder() {
-    model.asset.version = "2.0";
-    model.asset.generator = "Morvo";
-  }
+template <typename T>
+void writeValues(AtomicFile& file, const std::vector<T>& values) {
+  file.write(reinterpret_cast<const char*>(values.data()), values.size() * sizeof(T));
+}
 
-  int addAccessor(const void* data, size_t bytes, int target, int componentType, size_t count,
-                  int type) {
-    tinygltf::BufferView view;
-    view.buffer = 0;
-    view.byteOffset = buffer_.size();
-    view.byteLength = bytes;
-    view.target = target;
-    buffer_.insert(buffer_.end(), static_cast<const unsigned char*>(data),
-                   static_cast<const unsigned char*>(data) + bytes);
-    buffer_.resize((buffer_.size() + 3) / 4 * 4, 0);  // every view starts 4-aligned
-    model.bufferViews.push_back(view);
-    tinygltf::Accessor accessor;
-    accessor.bufferView = int(model.bufferViews.size()) - 1;
-    accessor.componentType = componentType;
-    accessor.count = count;
-    accessor.type = type;
-    model.accessors.push_back(accessor);
-    return int(model.accessors.size()) - 1;
-  }
+void padToFour(AtomicFile& file, char pad = 0) {
+  static const char zeros[4] = {0, 0, 0, 0}, blanks[4] = {' ', ' ', ' ', ' '};
+  const size_t missing = (4 - file.size() % 4) % 4;
+  file.write(pad == ' ' ? blanks : zeros, missing);
+}
 
-  int addFloats(const std::vector<float>& values, int type, int components) {
-    return addAccessor(values.data(), values.size() * sizeof(float), TINYGLTF_TARGET_ARRAY_BUFFER,
-                       TINYGLTF_COMPONENT_TYPE_FLOAT, values.size() / components, type);
-  }
+void writeWord(AtomicFile& file, uint64_t offset, uint32_t word) {
+  file.writeAt(offset, reinterpret_cast<const char*>(&word), 4);
+}
 
-  int addPositions(const std::vector<float>& positions) {
-    const int index = addFloats(positions, TINYGLTF_TYPE_VEC3, 3);
-    tinygltf::Accessor& accessor = model.accessors[size_t(index)];
-    accessor.minValues.assign(3, std::numeric_limits<double>::max());
-    accessor.maxValues.assign(3, std::numeric_limits<double>::lowest());
-    for (size_t k = 0; k < positions.size(); ++k) {
-      accessor.minValues[k % 3] = std::min(accessor.minValues[k % 3], double(positions[k]));
-      accessor.maxValues[k % 3] = std::max(accessor.maxValues[k % 3], double(positions[k]));
-    }
-    return index;
-  }
+std::string readFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return "";
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
 
-  int addIndices(const std::vector<uint32_t>& indices, size_t vertexCount) {
-    const int target = TINYGLTF_TARGET_ELEMENT_ARRAY_BUFFER;
-    if (vertexCount > kLargestShortIndexCount) {
-      return addAccessor(indices.data(), indices.size() * 4, target,
-                         TINYGLTF_COMPONENT_TYPE_UNSIGNED_INT, indices.size(),
-                         TINYGLTF_TYPE_SCALAR);
-    }
-    const std::vector<uint16_t> shorts(indices.begin(), indices.end());
-    return addAccessor(shorts.data(), shorts.size() * 2, target,
-                       TINYGLTF_COMPONENT_TYPE_UNSIGNED_SHORT, shorts.size(), TINYGLTF_TYPE_SCALAR);
-  }
+std::string imageMimeType(const std::string& bytes) {
+  if (bytes.rfind("\x89PNG\r\n\x1a\n", 0) == 0) return "image/png";
+  if (bytes.rfind("\xff\xd8\xff", 0) == 0) return "image/jpeg";
+  return "";
+}
 
-  int addMaterial(const ExportMaterial& source) {
-    tinygltf::Material material;
-    material.name = source.name;
-    material.doubleSided = true;
-    material.pbrMetallicRoughness.baseColorFactor = {source.red, source.green, source.blue, 1.0};
-    material.pbrMetallicRoughness.metallicFactor = 0.0;
-    material.pbrMetallicRoughness.roughnessFactor = 1.0;
-    if (!source.textureFile.empty()) {
-      material.pbrMetallicRoughness.baseColorTexture.index = textureFor(source.textureFile);
-    }
-    model.materials.push_back(material);
-    return int(model.materials.size()) - 1;
-  }
+// Records the view's length and count and keeps the next view 4-aligned.
+void finishView(AtomicFile& file, Document& document, size_t accessor, size_t count,
+                uint64_t bytes) {
+  View& view = document.views[size_t(document.accessors[accessor].view)];
+  view.length = bytes;
+  document.accessors[accessor].count = count;
+  padToFour(file);
+  document.bufferLength = view.offset + (bytes + 3) / 4 * 4;
+}
 
-  // Adds the mesh and its scene; a mesh without polygons leaves the model empty but for the
-  // asset, which is a valid file.
-  void finish(std::vector<tinygltf::Primitive> primitives) {
-    if (primitives.empty()) return;
-    tinygltf::Mesh mesh;
-    mesh.primitives = std::move(primitives);
-    model.meshes.push_back(mesh);
-    tinygltf::Node node;
-    node.mesh = 0;
-    model.nodes.push_back(node);
-    tinygltf::Scene scene;
-    scene.nodes.push_back(0);
-    model.scenes.push_back(scene);
-    model.defaultScene = 0;
-    tinygltf::Buffer buffer;
-    buffer.data = std::move(buffer_);
-    model.buffers.push_back(buffer);
-  }
-
-  tinygltf::Model model;
-
- private:
-  // One image, texture and shared sampler per distinct file.
-  int textureFor(const std::string& file) {
-    const auto found = textures_.find(file);
-    if (found != textures_.end()) return found->second;
-    if (model.samplers.empty()) {
-      tinygltf::Sampler sampler;
-      sampler.magFilter = TINYGLTF_TEXTURE_FILTER_LINEAR;
-      sampler.minFilter = TINYGLTF_TEXTURE_FILTER_LINEAR_MIPMAP_LINEAR;
-      model.samplers.push_back(sampler);
-    }
-    tinygltf::Image image;
-    image.uri = file;
-    model.images.push_back(image);
-    tinygltf::Texture texture;
-    texture.source = int(model.images.size()) - 1;
-    texture.sampler = 0;
-    model.textures.push_back(texture);
-    return textures_[file] = int(model.textures.size()) - 1;
-  }
-
-  std::vector<unsigned char> buffer_;
-  std::map<std::string, int> textures_;
-};
-
-// One LINES primitive of all strips: each segment is a pair of indices into the strip points.
-tinygltf::Primitive linePrimitive(ModelBuilder& builder, const LineStrips& lines,
-                                  const std::vector<uint32_t>& segments,
-                                  const ExportMaterial& material) {
-  std::vector<float> positions;
-  positions.reserve(3 * lines.points.size());
+// Writes the line strips as the views of accessors first (positions, bounded) and first + 1
+// (segment indices, 32-bit beyond 65 535 points).
+void writeLines(AtomicFile& file, Document& document, size_t first, const LineStrips& lines) {
+  Accessor& position = document.accessors[first];
+  position.bounded = true;
+  position.min.fill(std::numeric_limits<double>::max());
+  position.max.fill(std::numeric_limits<double>::lowest());
+  std::vector<float> values;
+  values.reserve(3 * lines.points.size());
   for (const Vector3& point : lines.points) {
     const Vector3 p = FileAxes::fromLibrary(point);
-    positions.insert(positions.end(), {float(p.x), float(p.y), float(p.z)});
+    const float out[3] = {float(p.x), float(p.y), float(p.z)};
+    for (int k = 0; k < 3; ++k) {
+      position.min[size_t(k)] = std::min(position.min[size_t(k)], double(out[k]));
+      position.max[size_t(k)] = std::max(position.max[size_t(k)], double(out[k]));
+    }
+    values.insert(values.end(), out, out + 3);
   }
-  tinygltf::Primitive primitive;
-  primitive.mode = TINYGLTF_MODE_LINE;
-  primitive.attributes["POSITION"] = builder.addPositions(positions);
-  primitive.indices = builder.addIndices(segments, lines.points.size());
-  primitive.material = builder.addMaterial(material);
-  return primitive;
+  document.views[size_t(position.view)].offset = document.bufferLength;
+  writeValues(file, values);
+  finishView(file, document, first, lines.points.size(), values.size() * 4);
+  values = std::vector<float>();
+  const std::vector<uint32_t> segments = lines.segmentIndices();
+  const bool wide = lines.points.size() > kLargestShortIndexCount;
+  document.accessors[first + 1].componentType = wide ? kUnsignedInt : kUnsignedShort;
+  document.views[size_t(document.accessors[first + 1].view)].offset = document.bufferLength;
+  if (wide) {
+    writeValues(file, segments);
+  } else {
+    writeValues(file, std::vector<uint16_t>(segments.begin(), segments.end()));
+  }
+  finishView(file, document, first + 1, segments.size(), segments.size() * (wide ? 4 : 2));
+}
+
+// Writes one primitive's vertices and indices: the corners of every polygon of one material,
+// welded, in the order they first appear.
+class PrimitiveWriter {
+ public:
+  PrimitiveWriter(const MeshData& mesh, const CornerNormals& normals,
+                  const ShellOrientation& shells)
+      : mesh_(mesh), normals_(normals), shells_(shells) {}
+
+  void weld(const Primitive& primitive) {
+    weld_ = std::make_unique<RecordWeld>(6, size_t(primitive.triangles / 2 + 16));
+    indices_.clear();
+    indices_.reserve(size_t(3 * primitive.triangles));
+    for (uint32_t i = 0; i < mesh_.polygons.size(); ++i) {
+      if (mesh_.polygons[i].material == primitive.material) addPolygon(i);
+    }
+  }
+
+  // Appends positions, normals, texture coordinates and indices to the file, each a view.
+  void write(AtomicFile& file, Document& document, size_t first) {
+    const size_t count = weld_->size();
+    Accessor& position = document.accessors[first];
+    position.bounded = true;
+    position.min.fill(std::numeric_limits<double>::max());
+    position.max.fill(std::numeric_limits<double>::lowest());
+    writeView(file, document, first, count, 12, [&](size_t v, float* out) {
+      const Vector3 p = FileAxes::fromLibrary(mesh_.points[weld_->record(v)[0]]);
+      out[0] = float(p.x), out[1] = float(p.y), out[2] = float(p.z);
+      for (int k = 0; k < 3; ++k) {
+        position.min[k] = std::min(position.min[k], double(out[k]));
+        position.max[k] = std::max(position.max[k], double(out[k]));
+      }
+    });
+    writeView(file, document, first + 1, count, 12,
+              [&](size_t v, float* out) { std::memcpy(out, weld_->record(v) + 1, 12); });
+    writeView(file, document, first + 2, count, 8,
+              [&](size_t v, float* out) { std::memcpy(out, weld_->record(v) + 4, 8); });
+    writeIndices(file, document, first + 3, count > kLargestShortIndexCount);
+    weld_.reset();
+    indices_ = std::vector<uint32_t>();
+  }
+
+ private:
+  void addPolygon(uint32_t i) {
+    const MeshPolygon& polygon = mesh_.polygons[i];
+    const TexturePolygon& uv = texturePolygonOf(mesh_, i);
+    const bool reversed = shells_.reversed(i);
+    const uint32_t points[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
+    const Vector3* uvs[4] = {&uv.a, &uv.b, &uv.c, &uv.d};
+    uint32_t vertex[4];
+    const int corners = polygon.isTriangle() ? 3 : 4;
+    for (int k = 0; k < corners; ++k) {
+      const Vector3 normal = FileAxes::fromLibrary(normals_.at(i, k) * (reversed ? -1.0 : 1.0));
+      const float values[5] = {float(normal.x), float(normal.y), float(normal.z), float(uvs[k]->x),
+                               float(uvs[k]->y)};
+      uint32_t record[6] = {points[k]};
+      std::memcpy(record + 1, values, sizeof values);
+      vertex[k] = weld_->indexOf(record);
+    }
+    // Quads split along a-c; reversing keeps the diagonal.
+    static const int forward[2][3] = {{0, 1, 2}, {0, 2, 3}};
+    static const int backward[2][3] = {{0, 3, 2}, {0, 2, 1}};
+    const int(*order)[3] = reversed ? backward : forward;
+    if (corners == 3) {
+      for (int k : order[reversed ? 1 : 0]) indices_.push_back(vertex[k]);
+      return;
+    }
+    for (int t = 0; t < 2; ++t) {
+      for (int k : order[t]) indices_.push_back(vertex[k]);
+    }
+  }
+
+  template <typename Fill>
+  void writeView(AtomicFile& file, Document& document, size_t accessor, size_t count,
+                 size_t vertexBytes, Fill&& fill) {
+    const size_t floats = vertexBytes / 4;
+    std::vector<float> chunk;
+    chunk.reserve(4096 * floats);
+    View& view = document.views[size_t(document.accessors[accessor].view)];
+    view.offset = document.bufferLength;
+    for (size_t v = 0; v < count; ++v) {
+      chunk.resize(chunk.size() + floats);
+      fill(v, chunk.data() + chunk.size() - floats);
+      if (chunk.size() == chunk.capacity()) {
+        writeValues(file, chunk);
+        chunk.clear();
+      }
+    }
+    writeValues(file, chunk);
+    finishView(file, document, accessor, count, count * vertexBytes);
+  }
+
+  void writeIndices(AtomicFile& file, Document& document, size_t accessor, bool wide) {
+    View& view = document.views[size_t(document.accessors[accessor].view)];
+    view.offset = document.bufferLength;
+    document.accessors[accessor].componentType = wide ? kUnsignedInt : kUnsignedShort;
+    if (wide) {
+      writeValues(file, indices_);
+    } else {
+      std::vector<uint16_t> chunk;
+      for (size_t at = 0; at < indices_.size(); at += 8192) {
+        chunk.assign(indices_.begin() + at,
+                     indices_.begin() + std::min(indices_.size(), at + 8192));
+        writeValues(file, chunk);
+      }
+    }
+    finishView(file, document, accessor, indices_.size(), indices_.size() * (wide ? 4 : 2));
+  }
+
+  const MeshData& mesh_;
+  const CornerNormals& normals_;
+  const ShellOrientation& shells_;
+  std::unique_ptr<RecordWeld> weld_;
+  std::vector<uint32_t> indices_;
+};
+
+// The primitives in ascending material order, with their triangle counts and sidedness.
+std::vector<Primitive> primitivesOf(const MeshData& mesh, const ShellOrientation& shells) {
+  std::map<int, Primitive> byMaterial;
+  Primitive* current = nullptr;
+  for (uint32_t i = 0; i < mesh.polygons.size(); ++i) {
+    const MeshPolygon& polygon = mesh.polygons[i];
+    if (!current || current->material != polygon.material) {
+      current = &byMaterial[polygon.material];
+      current->material = polygon.material;
+    }
+    current->triangles += polygon.isTriangle() ? 1 : 2;
+    current->open = current->open || shells.inOpenSheet(i);
+  }
+  std::vector<Primitive> result;
+  for (const auto& entry : byMaterial) result.push_back(entry.second);
+  return result;
 }
 
 }  // namespace
 
 GlbWriter::GlbWriter(std::vector<ExportMaterial> materials, double creaseAngle)
     : materials_(std::move(materials)), creaseAngle_(creaseAngle) {}
+
+double GlbWriter::linearFromSrgb(double value) {
+  return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+namespace {
+
+// Builds the writing of one file: materials and images first, then the geometry one primitive
+// at a time, then the JSON chunk into the space reserved for it.
+class GlbFile {
+ public:
+  GlbFile(const std::string& path, const WriteOptions& options)
+      : path_(path), options_(options), file_(path, options.replaceAnyFile) {}
+
+  void phase(const char* name) {
+    if (options_.phaseTimes) options_.phaseTimes->begin(name);
+  }
+
+  void addMaterial(const ExportMaterial& source, bool doubleSided) {
+    Material material;
+    material.name = Utf8Text::fromBytes(source.name);
+    material.colour = {GlbWriter::linearFromSrgb(source.red),
+                       GlbWriter::linearFromSrgb(source.green),
+                       GlbWriter::linearFromSrgb(source.blue)};
+    material.doubleSided = doubleSided;
+    if (!source.textureFile.empty()) material.texture = textureFor(source.textureFile);
+    document_.materials.push_back(material);
+  }
+
+  void planGeometry(size_t primitives) {
+    for (size_t k = 0; k < 4 * primitives; ++k) {
+      Accessor accessor;
+      accessor.view = int(document_.views.size());
+      accessor.type = k % 4 == 0 || k % 4 == 1 ? "VEC3" : k % 4 == 2 ? "VEC2" : "SCALAR";
+      document_.accessors.push_back(accessor);
+      document_.views.push_back({0, 0, k % 4 == 3 ? kElementArrayBuffer : kArrayBuffer});
+    }
+  }
+
+  // Two accessors for the line strips after the primitives' (positions, indices), drawn in the
+  // material added last.
+  void planLines(const ExportMaterial& material) {
+    addMaterial(material, true);
+    document_.hasLines = true;
+    for (int k = 0; k < 2; ++k) {
+      Accessor accessor;
+      accessor.view = int(document_.views.size());
+      accessor.type = k == 0 ? "VEC3" : "SCALAR";
+      document_.accessors.push_back(accessor);
+      document_.views.push_back({0, 0, k == 0 ? kArrayBuffer : kElementArrayBuffer});
+    }
+  }
+
+  // Writes the headers with room for the JSON, and the stored images.
+  bool begin() {
+    try {
+      reserved_ = document_.json(true).size();
+    } catch (const std::exception& e) {
+      messageSink.error("Writing " + path_ + " failed: " + e.what());
+      return false;
+    }
+    reserved_ = (reserved_ + 3) / 4 * 4;
+    if (!file_.open()) return false;
+    file_.write(std::string(20, '\0') + std::string(reserved_, ' '));
+    if (!document_.views.empty()) file_.write(std::string(8, '\0'));
+    for (Image& image : document_.images) {
+      if (image.view < 0) continue;
+      document_.views[size_t(image.view)] = {document_.bufferLength, image.bytes.size(), 0};
+      file_.write(image.bytes);
+      padToFour(file_);
+      document_.bufferLength += (image.bytes.size() + 3) / 4 * 4;
+      image.bytes = std::string();
+    }
+    return true;
+  }
+
+  AtomicFile& file() { return file_; }
+  Document& document() { return document_; }
+  size_t firstAccessor(size_t primitive) const { return 4 * primitive; }
+
+  bool finish() {
+    std::string json;
+    try {
+      json = document_.json(false);
+    } catch (const std::exception& e) {
+      messageSink.error("Writing " + path_ + " failed: " + e.what());
+      return false;
+    }
+    json.resize(reserved_, ' ');
+    writeWord(file_, 0, kMagic);
+    writeWord(file_, 4, 2);
+    writeWord(file_, 8, uint32_t(file_.size()));
+    writeWord(file_, 12, uint32_t(reserved_));
+    writeWord(file_, 16, kJsonChunk);
+    file_.writeAt(20, json.data(), json.size());
+    if (!document_.views.empty()) {
+      writeWord(file_, 20 + reserved_, uint32_t(document_.bufferLength));
+      writeWord(file_, 24 + reserved_, kBinaryChunk);
+    }
+    if (file_.size() > std::numeric_limits<uint32_t>::max()) {
+      messageSink.error("Writing " + path_ + " failed: a .glb file holds at most 4 GiB");
+      return false;
+    }
+    return file_.commit();
+  }
+
+ private:
+  // One image and texture per distinct reference; stored when asked to and readable.
+  int textureFor(const std::string& textureFile) {
+    const std::string reference = TextureReference::relative(textureFile);
+    if (reference.empty()) return -1;
+    const auto found = textures_.find(reference);
+    if (found != textures_.end()) return found->second;
+    Image image;
+    image.uri = TextureReference::uri(reference);
+    const std::string beside = TextureReference::besideOutput(reference, path_);
+    std::string bytes = readFile(beside);
+    if (options_.embedTextures && bytes.empty()) bytes = readFile(textureFile);
+    if (bytes.empty()) {
+      messageSink.warning("texture \"" + reference + "\" is not found beside " + path_);
+    } else if (options_.embedTextures && imageMimeType(bytes).empty()) {
+      messageSink.warning("texture \"" + reference +
+                          "\" is neither PNG nor JPEG; referenced, not stored");
+    } else if (options_.embedTextures) {
+      image.mimeType = imageMimeType(bytes);
+      image.bytes = std::move(bytes);
+      image.view = int(document_.views.size());
+      document_.views.push_back({});
+    }
+    document_.images.push_back(std::move(image));
+    return textures_[reference] = int(document_.images.size()) - 1;
+  }
+
+  std::string path_;
+  WriteOptions options_;
+  AtomicFile file_;
+  Document document_;
+  size_t reserved_ = 0;
+  std::map<std::string, int> textures_;
+};
+
+}  // namespace
 
 bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
   return write(mesh, LineStrips(), -1, path);
@@ -231,33 +533,32 @@ bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
 bool GlbWriter::write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
                       const std::string& path) const {
   if (!ExportableMesh::check(mesh, "glTF") || !ExportableMesh::check(lines, "glTF")) return false;
-  ModelBuilder builder;
-  std::vector<tinygltf::Primitive> primitives;
-  for (const auto& [material, data] : buildPrimitives(mesh, creaseAngle_)) {
-    tinygltf::Primitive primitive;
-    primitive.mode = TINYGLTF_MODE_TRIANGLES;
-    primitive.attributes["POSITION"] = builder.addPositions(data.positions);
-    primitive.attributes["NORMAL"] = builder.addFloats(data.normals, TINYGLTF_TYPE_VEC3, 3);
-    primitive.attributes["TEXCOORD_0"] = builder.addFloats(data.texcoords, TINYGLTF_TYPE_VEC2, 2);
-    primitive.indices = builder.addIndices(data.indices, data.vertexCount());
-    primitive.material = builder.addMaterial(materials_.lookup(material));
-    primitives.push_back(primitive);
+  GlbFile glb(path, options_);
+  glb.phase("orient");
+  const ShellOrientation shells(mesh);
+  const std::vector<Primitive> primitives = primitivesOf(mesh, shells);
+  for (const Primitive& primitive : primitives) {
+    glb.addMaterial(materials_.lookup(primitive.material), primitive.open);
   }
-  const std::vector<uint32_t> segments = lines.segmentIndices();
-  if (!segments.empty()) {
-    primitives.push_back(linePrimitive(builder, lines, segments, materials_.lookup(lineMaterial)));
+  glb.planGeometry(primitives.size());
+  if (lines.hasSegments()) glb.planLines(materials_.lookup(lineMaterial));
+  glb.phase("normals");
+  const CornerNormals normals(mesh, creaseAngle_);
+  if (!glb.begin()) return false;
+  PrimitiveWriter writer(mesh, normals, shells);
+  for (size_t k = 0; k < primitives.size(); ++k) {
+    glb.phase("weld");
+    writer.weld(primitives[k]);
+    glb.phase("write");
+    writer.write(glb.file(), glb.document(), glb.firstAccessor(k));
   }
-  builder.finish(std::move(primitives));
-
-  AtomicFile file(path);
-  if (!file.open()) return false;
-  tinygltf::TinyGLTF gltf;
-  gltf.SetImageWriter(nullptr, nullptr);  // images are references, never written or embedded
-  if (!gltf.WriteGltfSceneToStream(&builder.model, file.stream(), false, true)) {
-    messageSink.error("Writing " + path + " failed");
-    return false;
+  if (lines.hasSegments()) {
+    glb.phase("lines");
+    writeLines(glb.file(), glb.document(), glb.firstAccessor(primitives.size()), lines);
   }
-  return file.commit();
+  const bool written = glb.finish();
+  if (options_.phaseTimes) options_.phaseTimes->end();
+  return written;
 }
 
 }  // namespace mv

@@ -4,16 +4,22 @@
 //     their a-c diagonal;
 //   - positions and normals in file axes (y up, see FileAxes), texture coordinates as stored
 //     (v counts downward, as glTF does);
+//   - closed shells face outward: one with negative volume is written with its corners reversed
+//     (ShellOrientation); a material is double-sided when any of its polygons lies in an open
+//     sheet (a leaf is one sheet), single-sided otherwise;
 //   - normals per face corner with a crease angle: a corner takes the area-weighted mean of the
 //     polygons around its point that turn by less than the angle from its own (CornerNormals),
 //     so tubes shade smoothly and caps keep their edge; corners equal in point, normal and
-//     texture coordinate share a vertex;
+//     texture coordinate share a vertex, numbered in the order they first appear;
 //   - indices are 16-bit while a primitive has at most 65 535 vertices, 32-bit beyond;
 //   - line strips (hair, grass) become one primitive of mode LINES after the triangles, with
 //     positions only and the material of their index;
-//   - materials are double-sided (a leaf is one sheet), with the colour as base colour, no metal,
-//     and the texture file, if any, as an image referenced by its URI, never embedded.
-// The file is written under a temporary name and renamed at the end.
+//   - materials: the colour, read as sRGB, becomes the linear base colour; no metal; names become
+//     valid UTF-8 (Utf8Text); a texture file is referenced by a percent-encoded relative URI
+//     (TextureReference) or, with embedTextures, stored in the file. A texture that is not found
+//     beside the output (or, to embed, there or as named) gets a warning.
+// The file is written as it is made, one primitive at a time, under a temporary name that is
+// renamed at the end (AtomicFile).
 #pragma once
 
 #include <string>
@@ -22,6 +28,7 @@
 #include "export/ExportMaterial.h"
 #include "export/LineStrips.h"
 #include "export/MaterialTable.h"
+#include "export/WriteOptions.h"
 #include "geometry/MeshData.h"
 
 namespace mv {
@@ -33,16 +40,22 @@ class GlbWriter {
   explicit GlbWriter(std::vector<ExportMaterial> materials = {},
                      double creaseAngle = kDefaultCreaseAngle);
 
+  void setOptions(const WriteOptions& options) { options_ = options; }
+
   // False with a message through messageSink when the mesh is not exportable or the file cannot
-  // be written.
+  // be written; an earlier file at path is then left as it was.
   bool write(const MeshData& mesh, const std::string& path) const;
   // The mesh and, in the same file, the line strips drawn in material lineMaterial.
   bool write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
              const std::string& path) const;
 
+  // sRGB to linear light, for a value in 0 to 1.
+  static double linearFromSrgb(double value);
+
  private:
   MaterialTable materials_;
   double creaseAngle_;
+  WriteOptions options_;
 };
 
 }  // namespace mv

@@ -1,6 +1,6 @@
 // MaterialTable: the materials handed to a writer, looked up by the material index of a polygon.
 // Entry k describes material index k; an index without an entry (or -1, no material) gets a
-// grey default named "material<k>" (or "default").
+// grey default named "material<k>" (or "default"). Colours come out within 0 to 1 and finite.
 #pragma once
 
 #include <set>

@@ -54,7 +54,8 @@ Bool DeformerGrid::ResetLattice(PointObject* grid) {
   if (!grid->ResizePoints(l.n[0] * l.n[1] * l.n[2])) return false;
   for (Int32 k = 0; k < l.n[2]; ++k) {
     for (Int32 j = 0; j < l.n[1]; ++j) {
-      for (Int32 i = 0; i < l.n[0]; ++i) grid->GetPointW()[indexOf(l, i, j, k)] = restPlace(l, i, j, k);
+      for (Int32 i = 0; i < l.n[0]; ++i)
+        grid->GetPointW()[indexOf(l, i, j, k)] = restPlace(l, i, j, k);
     }
   }
   grid->Message(MSG_UPDATE);
@@ -75,7 +76,8 @@ Vector DeformerGrid::Deform(const PointObject* grid, const Vector& p) {
   }
   Vector moved = p;
   for (int corner = 0; corner < 8; ++corner) {
-    Int32 i = cell[0] + (corner & 1), j = cell[1] + ((corner >> 1) & 1), k = cell[2] + (corner >> 2);
+    Int32 i = cell[0] + (corner & 1), j = cell[1] + ((corner >> 1) & 1),
+          k = cell[2] + (corner >> 2);
     Float w = ((corner & 1) ? f[0] : 1 - f[0]) * (((corner >> 1) & 1) ? f[1] : 1 - f[1]) *
               ((corner >> 2) ? f[2] : 1 - f[2]);
     moved += (grid->GetPointR()[indexOf(l, i, j, k)] - restPlace(l, i, j, k)) * w;

@@ -97,12 +97,12 @@ Bool SplinePrimitiveObject::Init(GeListNode* node) {
       bc.SetReal(2005, 0.0);
       bc.SetReal(2006, mt::kPi / 2);
       return true;
-    default: return false;
+    default:
+      return false;
   }
 }
 
-SplineObject* SplinePrimitiveObject::GetContour(BaseObject* op, BaseDocument*, Float,
-                                                BaseThread*) {
+SplineObject* SplinePrimitiveObject::GetContour(BaseObject* op, BaseDocument*, Float, BaseThread*) {
   Outline outline = outlineOf(op);
   Int32 total = 0;
   for (const auto& segment : outline.segments) total += static_cast<Int32>(segment.size());

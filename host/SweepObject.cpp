@@ -137,15 +137,16 @@ BaseObject* SweepObject::GetVirtualObjects(BaseObject* op, HierarchyHelp* hh) {
   Matrix mp, mq;
   LineObject* profileLine = op->GetVirtualLineObject(profileObject, hh, profileObject->GetMl(),
                                                      false, false, &mp, &dirty);
-  LineObject* pathLine = op->GetVirtualLineObject(pathObject, hh, pathObject->GetMl(), false,
-                                                  false, &mq, &dirty);
+  LineObject* pathLine =
+      op->GetVirtualLineObject(pathObject, hh, pathObject->GetMl(), false, false, &mq, &dirty);
   if (!dirty) return op->GetCache(hh);
   if (!profileLine || !pathLine) return nullptr;
   std::vector<Polyline> profiles = segmentsOf(profileLine, mp);
   std::vector<Polyline> paths = segmentsOf(pathLine, mq);
   if (profiles.empty() || paths.empty() || paths[0].points.size() < 2) return nullptr;
   const BaseContainer& bc = *op->GetDataInstance();
-  Float start = std::clamp(bc.GetReal(1001), 0.0, 1.0), end = std::clamp(bc.GetReal(1002), 0.0, 1.0);
+  Float start = std::clamp(bc.GetReal(1001), 0.0, 1.0),
+        end = std::clamp(bc.GetReal(1002), 0.0, 1.0);
   Polyline path = paths[0].closed ? paths[0] : cutPath(paths[0], start, std::max(start, end));
   std::vector<Frame> frames = transportFrames(path);
   MeshBuilder mesh;

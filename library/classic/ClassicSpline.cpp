@@ -37,8 +37,11 @@ Vector3 ClassicSpline::pointAt(double t) const {
   if (keys.empty()) return {};
   if (keys.size() == 1) return keys.begin()->second;
   t = std::clamp(t, 0.0, 1.0);
-  auto first = keys.begin();
-  while (std::next(first, 2) != keys.end() && std::next(first)->first < t) ++first;
+  // The pair around t: first is the last key below t, but never the last key itself. A search,
+  // not a walk: trunks of many knots ask for a point at every sample.
+  auto first = keys.lower_bound(t);
+  if (first != keys.begin()) --first;
+  if (std::next(first) == keys.end()) --first;
   const auto second = std::next(first);
   const Vector3 p1 = first->second, p2 = second->second;
   const Vector3 chord = p2 - p1;

@@ -111,8 +111,9 @@ bool Node::reaches(const Node* target, std::unordered_set<const Node*>& visited)
   return false;
 }
 
+// A node stands in its parent's frame: its own matrix acts first, then everything above it.
 bool Node::evaluate(EHierarchyHelp& help, OGeomStream& stream) {
-  help.matrix = help.matrix * matrix_;
+  help.matrix = matrix_ * help.matrix;
   if (material_ >= 0) help.material = material_;
   if (hidden_) {
     help.stopped = true;
@@ -234,7 +235,7 @@ EHierarchyHelp Node::helpForChild(const EHierarchyHelp& help, const Placement& p
   EHierarchyHelp child(help);
   child.depth = help.depth + 1;
   child.parentMaterial = material_;
-  child.matrix = help.matrix * placement.matrix;
+  child.matrix = placement.matrix * help.matrix;  // the placement acts in this node's frame
   if (placement.wantsData) {
     child.carriedGrowth = placement.carriedGrowth;
     child.carriedThickness = placement.carriedThickness;

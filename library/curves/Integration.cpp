@@ -59,15 +59,16 @@ class Pieces {
 };
 
 // The offset from the piece's start at which its area reaches rest: the root of
-// y0 o + m o^2 / 2 = rest that lies ahead, the smaller when both do.
+// y0 o + m o^2 / 2 = rest that lies ahead, the smaller when both do. A root of exactly 0 (the
+// target sits on the piece's start) lies ahead too: it is where the area is reached.
 double offsetInside(const Piece& piece, double rest) {
   const double m = (piece.y1 - piece.y0) / (piece.x1 - piece.x0);
   if (std::fabs(m) < kFlatSlope) return rest / piece.y0;
   const double p = 2.0 * piece.y0 / m, q = -2.0 * rest / m;
   const double s = std::sqrt(p * p / 4.0 - q);
   const double first = s - p / 2.0, second = -(p / 2.0 + s);
-  if (!(first > 0.0)) return second;
-  return second > 0.0 ? std::min(first, second) : first;
+  if (!(first >= 0.0)) return second;
+  return second >= 0.0 ? std::min(first, second) : first;
 }
 
 }  // namespace

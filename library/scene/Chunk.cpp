@@ -44,16 +44,25 @@ std::string cutBetween(std::string& text, char first, char second) {
 
 }  // namespace
 
+// The subtree is released through a list threaded through the chunks themselves: a recursive
+// teardown of a deeply nested file would overflow the stack, and a destructor must not allocate
+// (it may run while a failed allocation unwinds).
 Chunk::~Chunk() {
-  // Flatten the subtree first: a recursive teardown of a deeply nested file would overflow.
-  std::vector<std::unique_ptr<Chunk>> pending;
-  for (auto& entry : children) pending.push_back(std::move(entry.second));
-  children.clear();
-  while (!pending.empty()) {
-    std::unique_ptr<Chunk> chunk = std::move(pending.back());
-    pending.pop_back();
-    for (auto& entry : chunk->children) pending.push_back(std::move(entry.second));
-    chunk->children.clear();
+  std::unique_ptr<Chunk> pending;
+  auto moveChildrenTo = [&pending](Chunk& chunk) {
+    while (!chunk.children.empty()) {
+      std::unique_ptr<Chunk> child = std::move(chunk.children.back().second);
+      chunk.children.pop_back();
+      if (!child) continue;
+      child->nextPending_ = std::move(pending);
+      pending = std::move(child);
+    }
+  };
+  moveChildrenTo(*this);
+  while (pending) {
+    std::unique_ptr<Chunk> chunk = std::move(pending);
+    pending = std::move(chunk->nextPending_);
+    moveChildrenTo(*chunk);
   }
 }
 

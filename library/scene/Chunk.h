@@ -54,6 +54,8 @@ class Chunk {
 
  private:
   Chunk* openChild(const std::string& line);
+
+  std::unique_ptr<Chunk> nextPending_;  // used only while a tree is released
 };
 
 }  // namespace mv

@@ -84,6 +84,7 @@ bool MvrLoader::load(ParameterSet& settings, const std::string& path) {
 bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   materials.clear();
   createdNames.clear();
+  skipped.clear();
   visited_.clear();
   ancestors_.clear();
   switchNodes_ = 0;
@@ -193,14 +194,20 @@ bool MvrLoader::buildLinks(const MvrComponent& component, const LoadContext& con
                            std::vector<std::string>& standard, std::vector<std::string>& special) {
   for (const std::string& child : component.children) {
     const auto found = components_->find(child);
-    if (found == components_->end()) continue;
+    if (found == components_->end()) {
+      noteSkip(MvrSkip::MissingLink, component.name, child);
+      continue;
+    }
     const std::string created = buildObject(found->second, context, depth + 1);
     if (created.empty()) continue;
     (hasBranches(component.type) ? special : standard).push_back(created);
   }
   for (const std::string& branch : component.typeData.branches) {
     const auto found = components_->find(branch);
-    if (found == components_->end()) continue;
+    if (found == components_->end()) {
+      noteSkip(MvrSkip::MissingLink, component.name, branch);
+      continue;
+    }
     if (!hasBranches(component.type)) {
       messageSink.error("Found Branch/Rib Link in non Tree/Horn Object \"" + component.name + "\"");
       return false;
@@ -390,6 +397,7 @@ std::string MvrLoader::createByType(const MvrComponent& component, MvrHeader& he
   }
   if (type == "HyperPatch") return createClassicHyperpatch(header, d.patchPoints);
   messageSink.debug("Unknown Component Type " + type);
+  noteSkip(MvrSkip::UnknownType, component.name, type);
   return createClassicSimple(header);
 }
 

@@ -22,6 +22,7 @@
 #include "scene/MvrHeader.h"
 #include "scene/MvrHornRecord.h"
 #include "scene/MvrMaterial.h"
+#include "scene/MvrSkip.h"
 #include "scene/MvrTreeRecord.h"
 
 namespace mv {
@@ -51,6 +52,7 @@ class MvrLoader {
 
   std::vector<MvrMaterial> materials;               // all materials of the load, in order of use
   std::map<std::string, std::string> createdNames;  // component name to created name
+  std::vector<MvrSkip> skipped;                     // what the last load passed over, in order
 
   virtual ~MvrLoader() = default;
 
@@ -129,6 +131,11 @@ class MvrLoader {
   // S x Rx(-rx) x Ry(ry) x Rz(-rz) x T(unit x translation).
   static Matrix4 makeTransform(const Vector3& translation, const Vector3& rotation,
                                const Vector3& scale, double unit);
+
+ protected:
+  void noteSkip(MvrSkip::Kind kind, const std::string& object, const std::string& target) {
+    skipped.push_back({kind, object, target});
+  }
 
  private:
   // Copied down the object walk.

@@ -86,6 +86,7 @@ bool MvrSceneLoader::insertUnder(const std::string& object, const std::string& p
   const auto child = nodeList.find(object);
   if (child == nodeList.end()) {
     messageSink.debug("object not found in node list");
+    noteSkip(MvrSkip::FailedLink, object, parent);
     return false;
   }
   bool linked = false;
@@ -93,6 +94,7 @@ bool MvrSceneLoader::insertUnder(const std::string& object, const std::string& p
     const auto holder = nodeList.find(parent);
     if (holder == nodeList.end()) {
       messageSink.debug("parent not found in node list");
+      noteSkip(MvrSkip::FailedLink, object, parent);
       return false;
     }
     linked = holder->second->addChild(child->second, "");
@@ -100,7 +102,10 @@ bool MvrSceneLoader::insertUnder(const std::string& object, const std::string& p
     linked = graph->addChild(child->second, "");
     if (linked) nodeList.erase(child);
   }
-  if (!linked) messageSink.debug("insertUnder Error");
+  if (!linked) {
+    messageSink.debug("insertUnder Error");
+    noteSkip(MvrSkip::FailedLink, object, parent);
+  }
   return linked;
 }
 
@@ -296,7 +301,7 @@ std::string MvrSceneLoader::createClassicHydra(const MvrHeader& header, double u
   params.setCurve(IdHydraTwist, twist);
   params.setCurve(IdHydraFan, fan);
   params.setCurve(IdHydraScale, scale);
-  params.setDouble(IdUnit, unit);
+  params.setDouble(ClassicParameterId::IdUnit, unit);
   setAttractorSet(params, header);
   return created.name;
 }
@@ -326,7 +331,7 @@ std::string MvrSceneLoader::createClassicPhiball(const MvrHeader& header, double
   params.setCurve(IdPhiballFan, fan);
   params.setCurve(IdPhiballScale, scale);
   params.setCurve(IdPhiballTrans, trans);
-  params.setDouble(IdUnit, unit);
+  params.setDouble(ClassicParameterId::IdUnit, unit);
   setAttractorSet(params, header);
   return created.name;
 }
@@ -387,7 +392,7 @@ std::string MvrSceneLoader::createClassicTree(const MvrHeader& header, const Mvr
   params.setInt(IdTreeVersion, tree.version);
   params.setBool(IdTreeSeparator, tree.separator);
   params.setCurve(IdDisplace, tree.displace);
-  params.setDouble(IdUnit, tree.unit);
+  params.setDouble(ClassicParameterId::IdUnit, tree.unit);
   setPath(created, "ClassicTree", tree.path);
   linkProfile(header, tree.primitive, created.name);
   return created.name;
@@ -509,7 +514,7 @@ void MvrSceneLoader::setHornCurves(ParameterSet& params, const MvrHornRecord& ho
   params.setCurve(IdHornFlap, horn.flap);
   params.setCurve(IdHornScale, horn.scale);
   params.setCurve(IdDisplace, horn.displace);
-  params.setDouble(IdUnit, horn.unit);
+  params.setDouble(ClassicParameterId::IdUnit, horn.unit);
 }
 
 }  // namespace mv

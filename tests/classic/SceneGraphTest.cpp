@@ -6,8 +6,10 @@
 
 #include "classic/ClassicSimple.h"
 #include "classic/GridPatch.h"
+#include "classic/MeshRender.h"
 #include "classic/SceneGraph.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ProgressHandler.h"
 #include "curves/ParameterSetData.h"
 #include "support/CapturingMessageHandler.h"
@@ -163,6 +165,31 @@ TEST(SceneGraph, sharedLeafIsOneNodeEvaluatedOncePerPlacement) {
   expectNear(bounds.high, {100, 11, 0});
 }
 
+TEST(SceneGraph, childStandsInItsParentsFrame) {
+  SceneGraph graph;
+  // Outer turns a quarter about z, then moves 5 along x; inner moves 1 along x inside it.
+  Node* outer = makeNode("Outer", new Simple(),
+                         Matrix4::rotationZ(kPi / 2.0) * Matrix4::translation({5, 0, 0}));
+  Node* inner = makeNode("Inner", new Marker(), Matrix4::translation({1, 0, 0}));
+  outer->addChild(inner, "");
+  graph.addChild(outer, "");
+  // The unit quad goes to x 1..2, y 0..1, turns to x -1..0, y 1..2, and moves to x 4..5.
+  const Bounds bounds = boundsOf(renderNode(graph));
+  expectNear(bounds.low, {4, 1, 0});
+  expectNear(bounds.high, {5, 2, 0});
+}
+
+TEST(SceneGraph, placementActsInThePlacingNodesFrame) {
+  SceneGraph graph;
+  Node* row = makeNode("Row", new Row(3), Matrix4::rotationZ(kPi / 2.0));
+  row->addChild(makeNode("Leaf", new Marker()), "");
+  graph.addChild(row, "");
+  // Three quads one unit apart along the row's x axis, which the turn lays along y.
+  const Bounds bounds = boundsOf(renderNode(graph));
+  expectNear(bounds.low, {-1, 0, 0});
+  expectNear(bounds.high, {0, 3, 0});
+}
+
 TEST(SceneGraph, childrenSeeTheWalkInTheirPrivateParameters) {
   std::vector<Probe::Seen> seen;
   SceneGraph graph;
@@ -175,8 +202,8 @@ TEST(SceneGraph, childrenSeeTheWalkInTheirPrivateParameters) {
   renderNode(graph);
   ASSERT_EQ(seen.size(), 3u);
   for (int i = 0; i < 3; ++i) {
-    // The walk multiplies the parent's matrix, then the placement's, then the node's own.
-    expectNear(seen[i].world, rowMatrix * Matrix4::translation({double(i), 0, 0}) * leafMatrix);
+    // The node's own matrix acts first, then the placement, then the parent's frame.
+    expectNear(seen[i].world, leafMatrix * Matrix4::translation({double(i), 0, 0}) * rowMatrix);
     expectNear(seen[i].local, leafMatrix);
     EXPECT_EQ(seen[i].index, i);
     EXPECT_EQ(seen[i].count, 3);
@@ -238,9 +265,9 @@ TEST(SceneGraph, collapsedPlacementIsSkippedAndTakesNoProgressShare) {
   row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
   graph.addChild(row, "");
   MeshData mesh;
-  EHierarchyHelp help;
-  help.progress = &progress;
-  renderNode(graph, mesh, help);
+  MeshRenderOptions options;
+  options.progress = &progress;
+  EXPECT_EQ(renderMesh(graph, mesh, options), MeshRenderOutcome::Complete);
   EXPECT_EQ(evaluations, 2);
   // World: depth 0, one live child with the whole span. Row: depth 1 keeps 1/512 of its share
   // and splits the rest between two live placements. Each leaf, at depth 2, reports its start.
@@ -259,11 +286,42 @@ TEST(SceneGraph, cancelledWalkPlacesNoFurtherChild) {
   row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
   graph.addChild(row, "");
   MeshData mesh;
-  EHierarchyHelp help;
-  help.progress = &progress;
-  renderNode(graph, mesh, help);
+  MeshRenderOptions options;
+  options.progress = &progress;
+  EXPECT_EQ(renderMesh(graph, mesh, options), MeshRenderOutcome::Cancelled);
   EXPECT_EQ(evaluations, 2);  // World and Row report, then two leaves
   EXPECT_EQ(mesh.polygons.size(), 2u);
+}
+
+// Each row of the table limits one budget; the walk stops where the limit is first passed.
+TEST(SceneGraph, renderBudgetStopsTheWalkAndSaysSo) {
+  struct Case {
+    long maxVisits;
+    uint32_t maxPolygons;
+    MeshRenderOutcome outcome;
+    int evaluations;
+  };
+  const Case cases[] = {
+      {0, 0, MeshRenderOutcome::Complete, 100},
+      {102, 0, MeshRenderOutcome::Complete, 100},  // World, Row and 100 leaves
+      {5, 0, MeshRenderOutcome::OverBudget, 4},
+      {0, 7, MeshRenderOutcome::OverBudget, 8},  // stops once the mesh holds more than 7
+  };
+  for (const Case& c : cases) {
+    CapturingMessageHandler messages;
+    int evaluations = 0;
+    SceneGraph graph;
+    Node* row = makeNode("Row", new Row(100));
+    row->addChild(makeNode("Leaf", new Marker(&evaluations)), "");
+    graph.addChild(row, "");
+    MeshData mesh;
+    MeshRenderOptions options;
+    options.maxVisits = c.maxVisits;
+    options.maxPolygons = c.maxPolygons;
+    EXPECT_EQ(renderMesh(graph, mesh, options), c.outcome) << c.maxVisits << " " << c.maxPolygons;
+    EXPECT_EQ(evaluations, c.evaluations) << c.maxVisits << " " << c.maxPolygons;
+    EXPECT_EQ(messages.errors.size(), c.outcome == MeshRenderOutcome::OverBudget ? 1u : 0u);
+  }
 }
 
 TEST(SceneGraph, materialsAreInheritedAndReplaced) {
@@ -297,15 +355,13 @@ TEST(SceneGraph, selectionsAreNamedAfterTheNodesThatWrote) {
   group->addChild(other, "");
   graph.addChild(group, "");
   graph.addChild(twinAgain, "");
-  MeshData mesh;
-  EHierarchyHelp help;
-  renderNode(graph, mesh, help);
+  const MeshData mesh = renderNode(graph);
   ASSERT_EQ(mesh.polygons.size(), 3u);
   EXPECT_EQ(mesh.selections.at("Twin"), (std::set<uint32_t>{0, 2}));
   EXPECT_EQ(mesh.selections.at("Other"), (std::set<uint32_t>{1}));
   EXPECT_EQ(mesh.polygons[0].material, 1);
   EXPECT_EQ(mesh.polygons[2].material, 4);
-  EXPECT_EQ(help.selections->size(), 3u);  // World, Twin, Other
+  EXPECT_EQ(mesh.selections.size(), 2u);
 }
 
 TEST(SceneGraph, finishMeshModifierWorksOnItsSubtreeInLocalCoordinates) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 #include "curves/CurveParamIntegration.h"
@@ -57,6 +58,31 @@ TEST(Integration, solveInvertsSlopedPieces) {
   mv::CurveParam falling(0.0, 1.0, 2.0, 0.0, "id");
   mv::CurveParamIntegration down(&falling);
   EXPECT_DOUBLE_EQ(down.solve(0.0, 1.0, 0.75), 0.5);  // area 2s - s^2: the smaller root
+}
+
+TEST(Integration, targetOnASupportPointSolvesToThatPoint) {
+  struct Row {
+    mv::CurveParam curve;
+    double target, expected;
+  };
+  // A cone's radius sampled at its middle: equal areas at k / 4 of 0.5 lie at sqrt(k / 4).
+  const mv::CurveParam cone = polyline(0.0, {{0.5, 0.5}}, 1.0);
+  // The default node distribution of a Branch: 0 up to 0.5 at the middle, down to 0.2.
+  const mv::CurveParam distribution(0.0, 1.0, 0.0, 0.5, 0.2, mv::PointCorner);
+  const Row rows[] = {
+      {cone, 0.0, 0.0},
+      {cone, 0.125, 0.5},
+      {cone, 0.25, std::sqrt(0.5)},
+      {cone, 0.375, std::sqrt(0.75)},
+      {cone, 0.5, 1.0},
+      {distribution, 0.125, 0.5},
+      {polyline(2.0, {{0.5, 1.0}}, 0.0), 0.75, 0.5},  // falling through the support point
+      {polyline(1.0, {{0.25, 2.0}}, 2.0), 0.0, 0.0},  // rising from the start
+  };
+  for (const Row& row : rows) {
+    mv::CurveParamIntegration area(&row.curve);
+    EXPECT_NEAR(area.solve(0.0, 1.0, row.target), row.expected, 1e-15) << row.target;
+  }
 }
 
 TEST(Integration, solveStopsAtEndWhenTargetOutOfReach) {

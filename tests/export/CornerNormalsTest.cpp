@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/MathConstants.h"
 #include "export/CornerNormals.h"
 #include "geometry/MeshData.h"
 #include "support/GeometryExpectations.h"
@@ -22,23 +23,22 @@ mv::MeshData cube() {
 
 TEST(CornerNormals, creaseKeepsCubeFacesHardAndWideAngleSmoothsThem) {
   const mv::MeshData mesh = cube();
-  const std::vector<mv::Vector3> hard = mv::CornerNormals::compute(mesh, M_PI / 3);
-  ASSERT_EQ(hard.size(), 24u);
+  const mv::CornerNormals hard(mesh, mv::kPi / 3);
   for (int k = 0; k < 4; ++k) {
-    expectNear(hard[k], {0, 0, -1});
-    expectNear(hard[20 + k], {1, 0, 0});
+    expectNear(hard.at(0, k), {0, 0, -1}, 1e-7);
+    expectNear(hard.at(5, k), {1, 0, 0}, 1e-7);
   }
-  const std::vector<mv::Vector3> smooth = mv::CornerNormals::compute(mesh, M_PI);
+  const mv::CornerNormals smooth(mesh, mv::kPi);
   const double s = 1.0 / std::sqrt(3.0);
-  expectNear(smooth[0], {-s, -s, -s});       // corner a of the bottom face: point 0
-  expectNear(smooth[4 * 1 + 2], {s, s, s});  // corner c of the top face: point 7
+  expectNear(smooth.at(0, 0), {-s, -s, -s}, 1e-7);  // corner a of the bottom face: point 0
+  expectNear(smooth.at(1, 2), {s, s, s}, 1e-7);     // corner c of the top face: point 7
 }
 
 TEST(CornerNormals, polygonWithoutAreaBorrowsFromItsNeighbours) {
   mv::MeshData mesh = cube();
   mesh.points.emplace_back(0.5, 0.5, 1.0);
   mesh.polygons.push_back({4, 8, 8, 8, -1});  // collapsed to a line
-  const std::vector<mv::Vector3> normals = mv::CornerNormals::compute(mesh, M_PI / 3);
-  expectNear(normals[4 * 6 + 1], {0, 0, 1});  // the only polygon at point 8 is itself: +z
-  EXPECT_NEAR(normals[4 * 6].length(), 1.0, 1e-12);
+  const mv::CornerNormals normals(mesh, mv::kPi / 3);
+  expectNear(normals.at(6, 1), {0, 0, 1});  // the only polygon at point 8 is itself: +z
+  EXPECT_NEAR(normals.at(6, 0).length(), 1.0, 1e-12);
 }

@@ -7,51 +7,13 @@
 #include <set>
 
 #include "ExportSamples.h"
+#include "GlbReading.h"
 #include "export/FileAxes.h"
 #include "export/GlbWriter.h"
 #include "support/CapturingMessageHandler.h"
 #include "support/TestOutput.h"
 
 namespace {
-
-tinygltf::Model readGlb(const std::string& path) {
-  tinygltf::Model model;
-  tinygltf::TinyGLTF loader;
-  std::string err, warn;
-  EXPECT_TRUE(loader.LoadBinaryFromFile(&model, &err, &warn, path)) << err;
-  return model;
-}
-
-// The values of an accessor as doubles, whatever its component type; tightly packed views only.
-std::vector<double> accessorValues(const tinygltf::Model& model, int index) {
-  const tinygltf::Accessor& accessor = model.accessors[static_cast<size_t>(index)];
-  const tinygltf::BufferView& view = model.bufferViews[static_cast<size_t>(accessor.bufferView)];
-  const unsigned char* data = model.buffers[static_cast<size_t>(view.buffer)].data.data() +
-                              view.byteOffset + accessor.byteOffset;
-  const size_t count =
-      accessor.count * static_cast<size_t>(tinygltf::GetNumComponentsInType(accessor.type));
-  std::vector<double> values(count);
-  for (size_t k = 0; k < count; ++k) {
-    if (accessor.componentType == TINYGLTF_COMPONENT_TYPE_FLOAT) {
-      float value;
-      std::memcpy(&value, data + 4 * k, 4);
-      values[k] = value;
-    } else if (accessor.componentType == TINYGLTF_COMPONENT_TYPE_UNSIGNED_INT) {
-      uint32_t value;
-      std::memcpy(&value, data + 4 * k, 4);
-      values[k] = value;
-    } else {
-      uint16_t value;
-      std::memcpy(&value, data + 2 * k, 2);
-      values[k] = value;
-    }
-  }
-  return values;
-}
-
-mv::Vector3 at(const std::vector<double>& values, size_t vertex) {
-  return {values[3 * vertex], values[3 * vertex + 1], values[3 * vertex + 2]};
-}
 
 // Twice the area of all triangles of a primitive.
 double twiceArea(const tinygltf::Model& model, const tinygltf::Primitive& primitive) {
@@ -97,7 +59,13 @@ TEST(GlbWriter, roundTripGivesOnePrimitivePerMaterialWithItsArea) {
     EXPECT_NEAR(twiceArea(model, primitive), expected, 1e-5 * expected);
   }
   const tinygltf::Material& bark = model.materials[static_cast<size_t>(primitives[1].material)];
-  EXPECT_EQ(bark.pbrMetallicRoughness.baseColorFactor, (std::vector<double>{0.4, 0.3, 0.2, 1.0}));
+  // sRGB 0.4, 0.3, 0.2 in linear light.
+  const std::vector<double>& colour = bark.pbrMetallicRoughness.baseColorFactor;
+  ASSERT_EQ(colour.size(), 4u);
+  EXPECT_NEAR(colour[0], 0.13286832155381798, 1e-15);
+  EXPECT_NEAR(colour[1], 0.07323895587840543, 1e-15);
+  EXPECT_NEAR(colour[2], 0.033104766570885055, 1e-15);
+  EXPECT_EQ(colour[3], 1.0);
   const int texture = bark.pbrMetallicRoughness.baseColorTexture.index;
   ASSERT_GE(texture, 0);
   EXPECT_EQ(model.images[static_cast<size_t>(model.textures[size_t(texture)].source)].uri,

@@ -2,8 +2,11 @@
 #include <tiny_obj_loader.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "ExportSamples.h"
@@ -127,6 +130,75 @@ TEST(ObjWriter, failedWriteLeavesNoFileAndKeepsTheEarlierOne) {
   EXPECT_FALSE(mv::ObjWriter().write(broken, path));
   EXPECT_EQ(contents(path), before);
   EXPECT_EQ(filesStartingWith("kept."), 2u);  // kept.obj and kept.mtl, no temporary left
+}
+
+TEST(ObjWriter, everyCoordinateReadsBackToTheSameDouble) {
+  mv::MeshData mesh = sampleMesh();
+  std::mt19937_64 random(7);
+  std::uniform_real_distribution<double> mantissa(-1.0, 1.0);
+  std::uniform_int_distribution<int> exponent(-40, 40);
+  for (mv::Vector3& p : mesh.points) {
+    const auto number = [&] { return std::ldexp(mantissa(random), exponent(random)); };
+    p = {number(), number(), number()};
+  }
+  mesh.points[0] = {0.1, 1e-300, -0.0};
+  mesh.points[1] = {1.0 / 3.0, 2.0 / 3.0, 123456789.123456789};
+  const std::string path = testOutputPath("round-trip.obj");
+  ASSERT_TRUE(mv::ObjWriter().write(mesh, path));
+  std::istringstream lines(contents(path));
+  std::string line;
+  size_t point = 0;
+  while (std::getline(lines, line)) {
+    if (line.rfind("v ", 0) != 0) continue;
+    const char* at = line.c_str() + 1;
+    char* end = nullptr;
+    mv::Vector3 read;
+    for (double* value : {&read.x, &read.y, &read.z}) {
+      *value = std::strtod(at, &end);
+      at = end;
+    }
+    const mv::Vector3 expected = mv::FileAxes::fromLibrary(mesh.points.at(point++));
+    EXPECT_EQ(read.x, expected.x) << line;
+    EXPECT_EQ(read.y, expected.y) << line;
+    EXPECT_EQ(read.z, expected.z) << line;
+  }
+  EXPECT_EQ(point, mesh.points.size());
+  EXPECT_NE(contents(path).find("v 0.1 -0 -1e-300\n"), std::string::npos);  // shortest forms
+}
+
+// The unit cube turned inside-out: the file turns it back, and its flat faces carry the normals
+// of their planes.
+TEST(ObjWriter, insideOutCubeIsWrittenOutwardWithFlatNormals) {
+  mv::MeshData mesh;
+  for (int k = 0; k < 8; ++k) mesh.points.emplace_back(k & 1, (k >> 1) & 1, (k >> 2) & 1);
+  mesh.polygons = {{0, 1, 3, 2, 0}, {4, 6, 7, 5, 0}, {0, 4, 5, 1, 0},
+                   {2, 3, 7, 6, 0}, {0, 2, 6, 4, 0}, {1, 5, 7, 3, 0}};
+  mesh.texturePolygons.resize(6);
+  const std::string path = testOutputPath("inside-out-cube.obj");
+  ASSERT_TRUE(mv::ObjWriter().write(mesh, path));
+  const ObjFile file = readObj(path);
+  ASSERT_EQ(file.shapes.size(), 1u);
+  const tinyobj::mesh_t& faces = file.shapes[0].mesh;
+  ASSERT_EQ(faces.num_face_vertices.size(), 6u);
+  double volume6 = 0.0;
+  for (size_t f = 0; f < 6; ++f) {
+    mv::Vector3 corner[4], normal[4];
+    for (int k = 0; k < 4; ++k) {
+      const tinyobj::index_t index = faces.indices[4 * f + size_t(k)];
+      for (int c = 0; c < 3; ++c) {
+        (&corner[k].x)[c] = file.attrib.vertices[3 * size_t(index.vertex_index) + size_t(c)];
+        (&normal[k].x)[c] = file.attrib.normals[3 * size_t(index.normal_index) + size_t(c)];
+      }
+    }
+    volume6 +=
+        corner[0].dot(corner[1].cross(corner[2])) + corner[0].dot(corner[2].cross(corner[3]));
+    const mv::Vector3 faceNormal = (corner[1] - corner[0]).cross(corner[2] - corner[0]);
+    for (int k = 0; k < 4; ++k) expectNear(normal[k], faceNormal.normalized(), 1e-7);
+  }
+  EXPECT_NEAR(volume6, 6.0, 1e-12);
+  const std::string text = contents(path);
+  EXPECT_NE(text.find("\ns off\nf "), std::string::npos);
+  EXPECT_EQ(text.find("s 1"), std::string::npos);
 }
 
 TEST(ObjWriter, lineStripsFollowTheFacesAsLLinesOfTheirMaterial) {

@@ -41,7 +41,8 @@ class BuiltinObjectTest : public ::testing::Test {
 
 TEST_F(BuiltinObjectTest, CircleLineHasItsPointsOnTheCircle) {
   BaseObject* circle = add(Osplinecircle);
-  circle->GetDataInstance()->SetLong(SPLINEOBJECT_INTERPOLATION, SPLINEOBJECT_INTERPOLATION_UNIFORM);
+  circle->GetDataInstance()->SetLong(SPLINEOBJECT_INTERPOLATION,
+                                     SPLINEOBJECT_INTERPOLATION_UNIFORM);
   circle->GetDataInstance()->SetLong(SPLINEOBJECT_SUB, 3);
   doc.ExecutePasses(nullptr, true, true, true, 0);
   SplineObject* spline = circle->GetRealSpline();

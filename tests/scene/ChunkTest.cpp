@@ -1,10 +1,26 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <new>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "scene/Chunk.h"
+
+// Counts the allocations of this test program while a test asks for it.
+namespace {
+bool countingAllocations = false;
+std::size_t allocations = 0;
+}  // namespace
+
+void* operator new(std::size_t size) {
+  if (countingAllocations) ++allocations;
+  if (void* memory = std::malloc(size ? size : 1)) return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -121,7 +137,13 @@ TEST(ChunkRead, deepNestingNeedsNoRecursion) {
   while (!chunk->children.empty()) chunk = chunk->children[0].second.get();
   EXPECT_EQ(chunk->level, static_cast<std::uint32_t>(depth));
   EXPECT_EQ(chunk->lines, (Lines{"deep"}));
-  root.reset();  // the teardown must not recurse either
+  // The teardown must neither recurse nor allocate: it may run while a failed allocation unwinds.
+  text = "A {\nB {\n}\nC {\nD {\n}\n}\n}\n" + text;
+  root = readText(text);
+  countingAllocations = true;
+  root.reset();
+  countingAllocations = false;
+  EXPECT_EQ(allocations, 0u);
 }
 
 TEST(ChunkText, trimRemovesEveryWhiteSpaceKind) {

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <sstream>
 
+#include "SceneLoadSupport.h"
 #include "classic/ClassicTree.h"
+#include "curves/MersenneTwister.h"
 #include "curves/ParameterSetData.h"
 #include "scene/MvrSceneLoader.h"
 #include "support/CapturingMessageHandler.h"
@@ -56,9 +58,9 @@ std::string leafComponent() {
 }
 
 struct Scene {
-  explicit Scene(const std::string& text) {
+  explicit Scene(const std::string& text, double unit = 1.0) {
     ParameterSetData settings;
-    loader.initParameters(settings, 1.0);
+    loader.initParameters(settings, unit);
     std::istringstream stream(text);
     loaded = loader.loadStream(settings, stream);
     loader.releaseUnlinked();
@@ -132,4 +134,109 @@ TEST(ClassicPlantScene, hornPlacesElementsEveryStepsAndItsTop) {
   EXPECT_EQ(scene.selected("Horn"), 8u * 9u);
   EXPECT_EQ(scene.selected("Ring_Box"), 3u * 6u);
   EXPECT_EQ(scene.selected("Tip_Box"), 6u);
+}
+
+namespace {
+
+// The points of the polygons in a selection, in polygon order, four a polygon.
+std::vector<Vector3> selectedCorners(const MeshData& mesh, const std::string& name) {
+  std::vector<Vector3> corners;
+  for (uint32_t index : mesh.selections.at(name)) {
+    const MeshPolygon& polygon = mesh.polygons[index];
+    for (uint32_t corner : {polygon.a, polygon.b, polygon.c, polygon.d})
+      corners.push_back(mesh.points[corner]);
+  }
+  return corners;
+}
+
+double distanceToNearest(const Vector3& point, const std::vector<Vector3>& cloud) {
+  double nearest = 1e300;
+  for (const Vector3& other : cloud) nearest = std::min(nearest, (other - point).length());
+  return nearest;
+}
+
+Vector3 centreOf(const std::vector<Vector3>& points) {
+  Vector3 sum;
+  for (const Vector3& point : points) sum += point;
+  return sum * (1.0 / static_cast<double>(points.size()));
+}
+
+const char* kTurnedAndMoved =
+    "Transform {\nScale {1,-1,20} {1,-1,20} {1,-1,20}\n"
+    "Rotation {0.7,-3.14,3.14} {0,-3.14,3.14} {0.4,-3.14,3.14}\n"
+    "Translation {3,-50,50} {-2,-50,50} {1,-50,50}\n}\n";
+
+std::string hornWithTip(const std::string& transform) {
+  return component("Horn", transform +
+                               "Primitive {\nType \"Tube\"\nPoints 8\n}\nHorn {\nSegments 9\n"
+                               "MoveScale 1\nLength {2,0.001,20}\nShape 0.5,0.5,\"id\",0,5\n"
+                               "RotX 0.3,0.3,\"id\",-1,1\nTop TRUE\n}\nChildren {\n\"Tip\"\n}\n") +
+         component("Tip", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
+}
+
+}  // namespace
+
+TEST(ClassicPlantScene, leavesOfABoughLieOnTheBough) {
+  const std::string bough =
+      component("Bough",
+                "Primitive {\nType \"Tube\"\nPoints 8\n}\nTree {\nSegments 10\n"
+                "Length {2,0.001,20}\nBranch_Num {4,1,100}\n" +
+                    knots("Shape", 0.2, 0.2) + knots("Branchiness", 1, 1) + knots("Dense", 1, 1) +
+                    knots("Deviate", 0, 0) + knots("Kruschtl", 0, 0) + knots("Scale", 0.6, 0.6) +
+                    knots("GeomScale", 1, 1) + knots("Phototropism", 0, 0) +
+                    knots("Gravitropism", 0, 0) + "Branches {\n\"Leaf\"\n}\n}\n");
+  const Scene scene(
+      sceneText("Stem", treeScene("Branches {\n\"Bough\"\n}\n") + bough + leafComponent()));
+  ASSERT_TRUE(scene.loaded);
+  const std::vector<Vector3> boughCorners = selectedCorners(scene.mesh, "Bough");
+  const std::vector<Vector3> leafCorners = selectedCorners(scene.mesh, "Leaf");
+  ASSERT_FALSE(boughCorners.empty());
+  ASSERT_EQ(leafCorners.size() % 64, 0u);  // 16 quads a leaf
+  const Bounds bounds = boundsOf(scene.mesh);
+  const double extent = (bounds.high - bounds.low).length();
+  // Each leaf starts on its bough's axis, so some corner of it lies within the bough's radius
+  // (0.2 times its scale) of a ring point of the bough.
+  for (size_t leaf = 0; leaf < leafCorners.size(); leaf += 64) {
+    double nearest = 1e300;
+    for (size_t k = leaf; k < leaf + 64; ++k)
+      nearest = std::min(nearest, distanceToNearest(leafCorners[k], boughCorners));
+    EXPECT_LT(nearest, 0.25) << "leaf " << leaf / 64 << " of a plant " << extent << " wide";
+  }
+}
+
+TEST(ClassicPlantScene, hornsTopElementStandsAtItsEndInAnyFrame) {
+  const Scene alone(sceneText("Horn", hornWithTip("")));
+  const Vector3 tip = centreOf(selectedCorners(alone.mesh, "Tip_Box"));
+  const std::vector<Vector3> horn = selectedCorners(alone.mesh, "Horn");
+  // The last ring of the horn: its corners farthest along the path from the first ring.
+  ASSERT_FALSE(horn.empty());
+  EXPECT_LT(distanceToNearest(tip, horn), 0.5 + 1e-9);
+  // Inside a turned and moved group the whole horn, tip included, moves as one rigid body.
+  const Scene grouped(sceneText(
+      "Group", component("Group", std::string(kTurnedAndMoved) + "Children {\n\"Horn\"\n}\n") +
+                   hornWithTip("")));
+  ASSERT_EQ(grouped.mesh.points.size(), alone.mesh.points.size());
+  const Vector3 movedTip = centreOf(selectedCorners(grouped.mesh, "Tip_Box"));
+  const std::vector<Vector3> movedHorn = selectedCorners(grouped.mesh, "Horn");
+  EXPECT_NEAR(distanceToNearest(movedTip, movedHorn), distanceToNearest(tip, horn), 1e-9);
+  EXPECT_NEAR((movedTip - movedHorn.front()).length(), (tip - horn.front()).length(), 1e-9);
+}
+
+TEST(ClassicPlantScene, unitScalesEveryExampleAsAWhole) {
+  for (const char* example : {"oak.mvr", "horn.mvr", "hydra.mvr", "leaf.mvr", "plant.mvr",
+                              "sunflower.mvr", "pot.mvr", "vase.mvr", "solids.mvr"}) {
+    const std::string text = exampleText(example);
+    // The horn's displacement draws from "rnd": both renders draw the same numbers.
+    MersenneTwister::shared().seed(MersenneTwister::kDefaultSeed);
+    const Scene plain(text);
+    MersenneTwister::shared().seed(MersenneTwister::kDefaultSeed);
+    const Scene scaled(text, 2.5);
+    ASSERT_GT(plain.mesh.points.size(), 0u) << example;
+    ASSERT_EQ(scaled.mesh.points.size(), plain.mesh.points.size()) << example;
+    double worst = 0.0;
+    for (size_t i = 0; i < plain.mesh.points.size(); ++i) {
+      worst = std::max(worst, (scaled.mesh.points[i] - plain.mesh.points[i] * 2.5).length());
+    }
+    EXPECT_LT(worst, 1e-9) << example;
+  }
 }

@@ -13,6 +13,10 @@ bool loadString(const std::string& text) {
   return loadSceneBytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
 }
 
+bool convertString(const std::string& text) {
+  return convertSceneBytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+}
+
 // Pieces that the grammar reacts to, for insertion at random places.
 const char* const kTokens[] = {"{\n",
                                "}\n",
@@ -137,5 +141,48 @@ TEST(MvrLoadRobustness, regressionInputsReplay) {
     loadText(second, text.str());
     EXPECT_EQ(first.result, second.result) << path;
     EXPECT_EQ(first.rows(), second.rows()) << path;
+  }
+}
+
+TEST(MvrLoadRobustness, mutatedExampleScenesConvertWithoutHarm) {
+  CapturingMessageHandler quiet;
+  std::mt19937 random(1812433253);
+  const auto examples = filesIn(std::string(MORVO_SOURCE_DIR) + "/examples", "");
+  int converted = 0;
+  for (const auto& path : examples) {
+    const std::string original = exampleText(path.filename().string());
+    EXPECT_TRUE(convertString(original)) << path;
+    for (int i = 0; i < 100; ++i) converted += convertString(mutate(original, random));
+  }
+  EXPECT_GT(converted, 100);
+}
+
+TEST(MvrLoadRobustness, hostileValuesConvertWithinBounds) {
+  CapturingMessageHandler messages;
+  const std::string kinds[] = {
+      "Horn {\nSegments {1e300,1,100}\n}\n",
+      "Horn {\nSegments {0,0,100}\nSpline\nKnots {\nSize 2\n0,0,0\n0,0,1\n}\n}\n",
+      "Leaf {\nSegments {1e300,1,100}\n}\n",
+      "Leaf {\nSegments {0,0,100}\nShape 1,1,\"id\",0,2\n}\n",
+      "PhiBall {\nNumber {1e300,1,100}\nFan 0,0.5,\"id\",0,3\n}\n",
+      "PhiBall {\nNumber {1,1,100}\nFan 0,1e-300,\"id\",0,3\n}\n",
+      "Tree {\nSegments {1e300,1,100}\nBranch_Num {1e300,1,100}\n}\n",
+      "Tree {\nIniScale {0,0,1}\nPhototropism {\nSize 3\n0,0,0\n0.5,1,0\n1,0,0\n}\n}\n",
+  };
+  for (const std::string& kind : kinds) {
+    // The primitives make every conversion reach its profile and bake roads.
+    EXPECT_TRUE(convertString(
+        sceneOf("Struct {\nName \"X\"\nPrimitive {\nType \"Tube\"\n}\n" + kind + "}\n")))
+        << kind;
+  }
+}
+
+TEST(MvrLoadRobustness, regressionInputsReplayThroughTheConversion) {
+  CapturingMessageHandler quiet;
+  for (const auto& path : filesIn(std::string(MORVO_SOURCE_DIR) + "/tests/data", "regress-")) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    EXPECT_EQ(convertString(text.str()), loadString(text.str())) << path;
   }
 }

@@ -103,11 +103,11 @@ TEST(MvrSceneLoader, rendersBoxAndSphereWithTheirCountsAndBounds) {
   // A box of 6 quads on 24 points; a sphere of 6 slices by 4 stacks with its seam welded.
   EXPECT_EQ(scene.mesh.polygons.size(), 6u + 24u);
   EXPECT_EQ(scene.mesh.points.size(), 24u + 30u);
-  // Each node stands at the inverse of its file transform; the primitives' quarter and half
-  // turns about z act after that, so the box comes to x = +2 and the sphere to z = -3.
+  // Each node stands at the inverse of its file transform, and the primitive turns inside it,
+  // so the box comes to x = -2 and the sphere to z = -3.
   const Bounds bounds = boundsOf(scene.mesh);
-  expectNear(bounds.low, {-0.5, -0.5, -3.5}, 1e-9);
-  expectNear(bounds.high, {2.5, 0.5, 0.5}, 1e-9);
+  expectNear(bounds.low, {-2.5, -0.5, -3.5}, 1e-9);
+  expectNear(bounds.high, {0.5, 0.5, 0.5}, 1e-9);
   EXPECT_EQ(scene.mesh.selections.at("Cube_Box").size(), 6u);
   EXPECT_EQ(scene.mesh.selections.at("Ball_Sphere").size(), 24u);
   EXPECT_TRUE(messages.warnings.empty());
@@ -339,7 +339,6 @@ TEST(MvrSceneLoader, badLinksAndMaterialsAreRefused) {
   loader.createBox("Box", Matrix4(), 1.0, 1);
   EXPECT_FALSE(loader.insertUnder("Ghost", ""));
   EXPECT_FALSE(loader.insertUnder("Box", "Ghost"));
-  EXPECT_EQ(messages.debugs.back(), "parent not found in node list");
   MvrMaterial first, second;
   first.name = "First";
   second.name = "Second";
@@ -350,8 +349,29 @@ TEST(MvrSceneLoader, badLinksAndMaterialsAreRefused) {
   EXPECT_EQ(graph.sceneMaterials().size(), 2u);
   EXPECT_EQ(loader.createMesh("Baked", 0, Matrix4(), *std::make_unique<MeshData>(), true), "Baked");
   EXPECT_FALSE(loader.insertUnder("Baked", ""));
-  EXPECT_EQ(messages.debugs.back(), "object not found in node list");
   EXPECT_TRUE(loader.insertUnder("Box", ""));
   EXPECT_FALSE(loader.insertUnder("Box", ""));  // gone from the list once at the root
   EXPECT_EQ(graph.children().size(), 1u);
+  const std::vector<std::pair<std::string, std::string>> failed = {
+      {"Ghost", ""}, {"Box", "Ghost"}, {"Baked", ""}, {"Box", ""}};
+  ASSERT_EQ(loader.skipped.size(), failed.size());
+  for (size_t i = 0; i < failed.size(); ++i) {
+    EXPECT_EQ(loader.skipped[i].kind, MvrSkip::FailedLink);
+    EXPECT_EQ(loader.skipped[i].object, failed[i].first);
+    EXPECT_EQ(loader.skipped[i].target, failed[i].second);
+  }
+}
+
+TEST(MvrSceneLoader, whatTheLoadPassesOverIsReportedAsData) {
+  LoadedScene scene;
+  loadScene(sceneText(camera({"Odd", "Ghost"}) + component("Odd", "Revo {\n}\n")), scene);
+  EXPECT_TRUE(scene.loaded);
+  // Children are walked in name order.
+  ASSERT_EQ(scene.loader.skipped.size(), 2u);
+  EXPECT_EQ(scene.loader.skipped[0].kind, MvrSkip::MissingLink);
+  EXPECT_EQ(scene.loader.skipped[0].object, "Camera");
+  EXPECT_EQ(scene.loader.skipped[0].target, "Ghost");
+  EXPECT_EQ(scene.loader.skipped[1].kind, MvrSkip::UnknownType);
+  EXPECT_EQ(scene.loader.skipped[1].object, "Odd");
+  EXPECT_EQ(scene.loader.skipped[1].target, "Revo");
 }

@@ -8,11 +8,14 @@
 #include "growth/Branch.h"
 #include "host/ActiveDocument.h"
 #include "host/BaseDocument.h"
+#include "host/BaseTag.h"
 #include "host/DescriptionResource.h"
 #include "host/DocumentPass.h"
 #include "host/ObjectData.h"
 #include "host/PluginLoader.h"
 #include "host/PluginRegistry.h"
+#include "host/PolygonObject.h"
+#include "host/SplineObject.h"
 #include "source/C4dParameterSet.h"
 #include "source/Main.h"
 #include "source/PluginIds.h"
@@ -260,6 +263,63 @@ TEST(ObjectPlugins, aDeviationFollowsTheObjectTwoLevelsUp) {
   owner->SetDirty(DIRTYFLAGS_DATA);
   deviation->GetObjectData()->CheckDirty(deviation, &document);
   EXPECT_NE(deviation->GetDirty(DIRTYFLAGS_DATA), before);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(ObjectPlugins, aBranchFromTheMenuComesWithItsStarterPlant) {
+  BaseDocument document;
+  BaseObject* branch = BaseObject::Alloc(ID_BRANCH_OBJECT);
+  ASSERT_TRUE(branch->Message(MSG_MENUPREPARE));
+  document.InsertObject(branch, nullptr, nullptr);
+  BaseObject* profile = branch->GetDown();
+  ASSERT_NE(profile, nullptr);
+  EXPECT_EQ(profile->GetType(), Osplinecircle);
+  EXPECT_DOUBLE_EQ(profile->GetDataInstance()->GetReal(2012), 20.0);
+  BaseObject* path = profile->GetNext();
+  ASSERT_NE(path, nullptr);
+  ASSERT_EQ(path->GetType(), Ospline);
+  EXPECT_EQ(static_cast<SplineObject*>(path)->GetPointCount(), 3);
+  EXPECT_EQ(static_cast<SplineObject*>(path)->GetPointR()[2], Vector(0, 400, 0));
+  BaseTag* phong = branch->GetTag(Tphong);
+  ASSERT_NE(phong, nullptr);
+  EXPECT_NEAR(phong->GetDataInstance()->GetReal(1002), 80.0 * mt::kPi / 180, 1e-12);
+  DocumentPass::Run(&document, nullptr);
+  BaseObject* tube = branch->GetCache();
+  ASSERT_NE(tube, nullptr);
+  ASSERT_TRUE(tube->IsInstanceOf(Opolygon));
+  EXPECT_GT(static_cast<PolygonObject*>(tube)->GetPolygonCount(), 0);
+  EXPECT_NE(tube->GetTag(Tphong), nullptr) << "the object's Phong tag stands on its tube";
+}
+
+TEST(ObjectPlugins, aPhyllotaxisFromTheMenuComesWithAHalfCircleProfile) {
+  BaseObject* phyllotaxis = BaseObject::Alloc(ID_PHYLLOTAXIS_OBJECT);
+  ASSERT_TRUE(phyllotaxis->Message(MSG_MENUPREPARE));
+  BaseObject* arc = phyllotaxis->GetDown();
+  ASSERT_NE(arc, nullptr);
+  EXPECT_EQ(arc->GetType(), Osplinearc);
+  EXPECT_DOUBLE_EQ(arc->GetDataInstance()->GetReal(2001), 100.0);
+  EXPECT_DOUBLE_EQ(arc->GetDataInstance()->GetReal(2005), -mt::kPi / 2);
+  EXPECT_DOUBLE_EQ(arc->GetDataInstance()->GetReal(2006), mt::kPi / 2);
+  BaseObject::Free(phyllotaxis);
+}
+
+TEST(ObjectPlugins, aHydraFromTheMenuOfAnEmptyDocumentHoldsASphere) {
+  BaseDocument document;
+  SetActiveDocument(&document);
+  BaseObject* hydra = BaseObject::Alloc(ID_HYDRA_OBJECT);
+  EXPECT_TRUE(hydra->Message(MSG_MENUPREPARE));
+  SetActiveDocument(nullptr);
+  ASSERT_NE(hydra->GetDown(), nullptr);
+  EXPECT_EQ(hydra->GetDown()->GetType(), Osphere);
+  EXPECT_NE(hydra->GetDown()->GetTag(Tphong), nullptr);
+  BaseObject* alone = BaseObject::Alloc(ID_HYDRA_OBJECT);
+  EXPECT_TRUE(alone->Message(MSG_MENUPREPARE));
+  EXPECT_EQ(alone->GetDown(), nullptr) << "without a document nothing happens";
+  BaseObject::Free(hydra);
+  BaseObject::Free(alone);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 
 #include "commands/SurfaceFile.h"
@@ -10,8 +11,12 @@
 
 namespace {
 
+// Written into a folder of their own, since some are broken on purpose and the output folder's
+// glTF files are all validated.
 std::string writeText(const std::string& name, const std::string& text) {
-  const std::string path = testOutputPath(name);
+  const std::filesystem::path folder = testOutputPath("surface-inputs");
+  std::filesystem::create_directories(folder);
+  const std::string path = (folder / name).string();
   std::ofstream(path) << text;
   return path;
 }

@@ -1,49 +1,44 @@
 // morvo render: loads a scene file into the classic scene graph, evaluates it and writes the mesh
 // as OBJ (with MTL) or binary glTF. What the load had to skip is said on standard error; the
 // exit status is non-zero only when nothing could be loaded or the file could not be written.
+// The output is never the input; a directory, device or symbolic link in its place is replaced
+// only with --force.
+#include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/DocumentRender.h"
 #include "commands/SceneRender.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
 #include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
+#include "export/PhaseTimes.h"
+#include "export/WriteOptions.h"
 
 namespace {
 
-// Passes every message on and turns the load's notes about what it skipped, which it gives at
-// debug level, into warnings.
-class SkipReporter : public mv::MessageHandler {
- public:
-  explicit SkipReporter(mv::MessageHandler* next) : next_(next) {}
-
-  void error(const std::string& text) override { forward(&mv::MessageHandler::error, text); }
-  void warning(const std::string& text) override { forward(&mv::MessageHandler::warning, text); }
-  void info(const std::string& text) override { forward(&mv::MessageHandler::info, text); }
-  void print(const std::string& text) override { forward(&mv::MessageHandler::print, text); }
-  void debug(const std::string& text) override;
-
- private:
-  void forward(void (mv::MessageHandler::*kind)(const std::string&), const std::string& text) {
-    if (next_) (next_->*kind)(text);
-  }
-
-  mv::MessageHandler* next_;
-  std::string lastLink_;
-};
-
-void SkipReporter::debug(const std::string& text) {
-  forward(&mv::MessageHandler::debug, text);
-  if (text.rfind("insertUnder(", 0) == 0) lastLink_ = text;
-  if (text.rfind("Unknown Component Type", 0) == 0) {
-    warning(text + ": loaded as a plain group");
-  } else if (text == "object not found in node list" || text == "parent not found in node list" ||
-             text == "insertUnder Error") {
-    warning("link skipped, " + lastLink_ + ": " + text);
+// One warning per thing the load passed over.
+void reportSkips(const std::vector<mv::MvrSkip>& skipped) {
+  for (const mv::MvrSkip& skip : skipped) {
+    switch (skip.kind) {
+      case mv::MvrSkip::MissingLink:
+        mv::messageSink.warning("\"" + skip.object + "\" links \"" + skip.target +
+                                "\", which is no object of the scene: skipped");
+        break;
+      case mv::MvrSkip::UnknownType:
+        mv::messageSink.warning("\"" + skip.object + "\" is of the unknown type \"" + skip.target +
+                                "\": loaded as a plain group");
+        break;
+      case mv::MvrSkip::FailedLink:
+        mv::messageSink.warning("link of \"" + skip.object + "\" under \"" +
+                                (skip.target.empty() ? "the top" : skip.target) + "\" skipped");
+        break;
+    }
   }
 }
 
@@ -65,38 +60,76 @@ std::vector<mv::ExportMaterial> exportMaterials(const std::map<int, mv::MvrMater
   return result;
 }
 
-bool writeMesh(const RenderedScene& scene, const std::string& output) {
+struct RenderOptions {
+  std::string input, output;
+  double unit = 1.0;
+  bool printTree = false, embedTextures = false, force = false, timings = false;
+};
+
+bool writeMesh(const RenderedScene& scene, const RenderOptions& options, mv::PhaseTimes& times) {
   const std::vector<mv::ExportMaterial> materials = exportMaterials(scene.materials);
-  if (endsWith(output, ".obj")) return mv::ObjWriter(materials).write(scene.mesh, output);
-  return mv::GlbWriter(materials).write(scene.mesh, output);
+  mv::WriteOptions writeOptions;
+  writeOptions.embedTextures = options.embedTextures;
+  writeOptions.replaceAnyFile = options.force;
+  writeOptions.phaseTimes = &times;
+  if (endsWith(options.output, ".obj")) {
+    mv::ObjWriter writer(materials);
+    writer.setOptions(writeOptions);
+    return writer.write(scene.mesh, options.output);
+  }
+  mv::GlbWriter writer(materials);
+  writer.setOptions(writeOptions);
+  return writer.write(scene.mesh, options.output);
 }
 
-int render(const std::string& input, const std::string& output, double unit, bool printTree) {
+// True when writing path would overwrite the file at input (the same file by any name).
+bool sameFile(const std::string& input, const std::string& path) {
+  std::error_code error;
+  return std::filesystem::equivalent(input, path, error) && !error;
+}
+
+bool outputIsInput(const RenderOptions& options) {
+  const bool obj = endsWith(options.output, ".obj");
+  for (const std::string& path :
+       {options.output, obj ? mv::ObjWriter::materialLibraryPath(options.output) : ""}) {
+    if (path.empty() || !sameFile(options.input, path)) continue;
+    mv::messageSink.error("render: \"" + path + "\" is the scene file itself; not overwritten");
+    return true;
+  }
+  return false;
+}
+
+int render(const RenderOptions& options) {
+  const std::string& input = options.input;
+  const std::string& output = options.output;
   if (!endsWith(output, ".obj") && !endsWith(output, ".glb")) {
     mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
     return 2;
   }
+  if (!std::isfinite(options.unit) || options.unit <= 0.0) {
+    mv::messageSink.error("render: the unit must be a finite positive number");
+    return 2;
+  }
+  if (endsWith(input, ".morvo")) return renderDocument(input, output);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
   }
+  if (outputIsInput(options)) return 2;
   RenderedScene scene;
-  {
-    SkipReporter reporter(mv::messageSink.handler);
-    mv::MessageHandler* previous = mv::messageSink.handler;
-    mv::messageSink.handler = &reporter;
-    renderScene(input, unit, printTree, scene);
-    mv::messageSink.handler = previous;
-  }
+  mv::PhaseTimes times;
+  renderScene(input, options.unit, options.printTree, scene, &times);
+  reportSkips(scene.skipped);
   if (scene.topObjects == 0) {
     mv::messageSink.error("render: nothing could be loaded from \"" + input + "\"");
     return 1;
   }
   if (!scene.loaded)
     mv::messageSink.warning("render: the load stopped early; writing what it made");
-  if (!writeMesh(scene, output)) return 1;
+  if (!writeMesh(scene, options, times)) return 1;
   mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons, " +
                        std::to_string(scene.mesh.getPointCount()) + " points written to " + output);
+  if (options.timings) mv::messageSink.info("render: processor time: " + times.summary());
   return 0;
 }
 
@@ -105,14 +138,18 @@ int render(const std::string& input, const std::string& output, double unit, boo
 void addRenderCommand(CLI::App& app, CommandResult& result) {
   CLI::App* command =
       app.add_subcommand("render", "Render a scene file (.mvr) to a mesh file (.obj or .glb)");
-  auto input = std::make_shared<std::string>();
-  auto output = std::make_shared<std::string>();
-  auto unit = std::make_shared<double>(1.0);
-  auto printTree = std::make_shared<bool>(false);
-  command->add_option("file", *input, "the scene file")->required();
-  command->add_option("-o,--output", *output, "the mesh file to write, .obj or .glb")->required();
-  command->add_option("--unit", *unit,
+  auto options = std::make_shared<RenderOptions>();
+  command->add_option("file", options->input, "the scene file")->required();
+  command->add_option("-o,--output", options->output, "the mesh file to write, .obj or .glb")
+      ->required();
+  command->add_option("--unit", options->unit,
                       "import scale: the size of one unit of the file (default 1)");
-  command->add_flag("--tree", *printTree, "print the loaded scene graph first");
-  command->callback([=, &result] { result.exitCode = render(*input, *output, *unit, *printTree); });
+  command->add_flag("--tree", options->printTree, "print the loaded scene graph first");
+  command->add_flag("--embed-textures", options->embedTextures,
+                    "store the texture images inside the .glb instead of referencing them");
+  command->add_flag("--force", options->force,
+                    "replace the output even when it is a symbolic link, device or other "
+                    "non-regular file");
+  command->add_flag("--timings", options->timings, "say how much processor time each phase took");
+  command->callback([options, &result] { result.exitCode = render(*options); });
 }
