@@ -4,7 +4,6 @@
 #include "host/BaseObject.h"
 #include "host/BaseTag.h"
 #include "host/BaseThread.h"
-#include "host/HairObject.h"
 #include "host/HierarchyHelp.h"
 #include "host/HostConsole.h"
 #include "host/ObjectData.h"
@@ -53,8 +52,6 @@ void DocumentPass::evaluate(BaseObject* op, HierarchyHelp& hh, int depth) {
     buildCache(op, hh, depth);
   } else if (info & OBJECT_ISSPLINE) {
     op->GetRealSpline();
-  } else if (auto* hair = dynamic_cast<HairObject*>(op)) {
-    hair->BuildGuides(hh.GetDocument(), hh.GetThread());
   }
   if (!(info & OBJECT_INPUT)) evaluateList(op->GetDown(), hh, depth);
 }

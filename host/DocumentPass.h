@@ -4,7 +4,6 @@
 //  - a generator gets GetVirtualObjects; what it returns becomes its cache, whose objects reach
 //    it through GetCacheParent and are evaluated in turn, caches inside caches to a depth of
 //    64 (deeper ones are cut with one console line);
-//  - a hair object builds its guides through its generator tag (HairObject::BuildGuides);
 //  - a spline plug-in gets GetContour when it or its subtree changed;
 //  - children of a generator with the input flag are its inputs and are not evaluated by
 //    themselves; a modifier is applied by the spline above it (GetVirtualLineObject).

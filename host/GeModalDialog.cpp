@@ -20,8 +20,8 @@ Bool GeModalDialog::Open(Int32 /*xpos*/, Int32 /*ypos*/, Int32 /*defaultw*/, Int
   open_ = true;
   result_ = false;
   if (!title_.empty()) GePrint(title_);
-  for (const DialogGadget& gadget : gadgets_) {
-    if (gadget.kind == DialogGadget::Kind::StaticText && !gadget.text.empty()) GePrint(gadget.text);
+  for (const ModalGadget& gadget : gadgets_) {
+    if (gadget.kind == ModalGadget::Kind::StaticText && !gadget.text.empty()) GePrint(gadget.text);
   }
   Command(DLG_OK, BaseContainer());
   const Bool closedWithOk = !open_ && result_;
@@ -38,7 +38,7 @@ Bool GeModalDialog::Close(Bool result) {
 
 Bool GeModalDialog::GroupBegin(Int32 id, Int32 /*flags*/, Int32 /*cols*/, Int32 /*rows*/,
                                const String& title, Int32 /*groupflags*/) {
-  gadgets_.push_back({DialogGadget::Kind::Group, id, 0, title, Filename()});
+  gadgets_.push_back({ModalGadget::Kind::Group, id, 0, title, Filename()});
   ++openGroups_;
   return true;
 }
@@ -51,18 +51,18 @@ Bool GeModalDialog::GroupEnd() {
 
 Bool GeModalDialog::AddStaticText(Int32 id, Int32 /*flags*/, Int32 /*w*/, Int32 /*h*/,
                                   const String& text, Int32 /*border*/) {
-  gadgets_.push_back({DialogGadget::Kind::StaticText, id, 0, text, Filename()});
+  gadgets_.push_back({ModalGadget::Kind::StaticText, id, 0, text, Filename()});
   return true;
 }
 
-DialogGadget* GeModalDialog::AddCustomGui(Int32 id, Int32 pluginid, const String& name,
-                                          Int32 /*flags*/, Int32 /*w*/, Int32 /*h*/,
-                                          const BaseContainer& /*settings*/) {
-  gadgets_.push_back({DialogGadget::Kind::CustomGui, id, pluginid, name, Filename()});
+ModalGadget* GeModalDialog::AddCustomGui(Int32 id, Int32 pluginid, const String& name,
+                                         Int32 /*flags*/, Int32 /*w*/, Int32 /*h*/,
+                                         const BaseContainer& /*settings*/) {
+  gadgets_.push_back({ModalGadget::Kind::CustomGui, id, pluginid, name, Filename()});
   return &gadgets_.back();
 }
 
 Bool GeModalDialog::AddDlgGroup(Int32 buttons) {
-  gadgets_.push_back({DialogGadget::Kind::ButtonGroup, 0, buttons, String(), Filename()});
+  gadgets_.push_back({ModalGadget::Kind::ButtonGroup, 0, buttons, String(), Filename()});
   return true;
 }

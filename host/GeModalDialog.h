@@ -14,8 +14,8 @@ constexpr Int32 DLG_TYPE_MODAL = 10;
 constexpr Int32 CUSTOMGUI_BITMAPBUTTON = 1000479;
 constexpr Int32 BFH_CENTER = 0, BFV_CENTER = 0;  // layout hints the headless host ignores
 
-// One gadget as the layout placed it.
-struct DialogGadget {
+// One gadget of a modal dialog as its layout placed it.
+struct ModalGadget {
   enum class Kind { Group, StaticText, CustomGui, ButtonGroup };
   Kind kind = Kind::Group;
   Int32 id = 0;
@@ -44,7 +44,7 @@ class GeModalDialog {
   virtual Bool Command(Int32 /*id*/, const BaseContainer& /*msg*/) { return false; }
 
   const String& GetTitle() const { return title_; }
-  const std::vector<DialogGadget>& GetGadgets() const { return gadgets_; }
+  const std::vector<ModalGadget>& GetGadgets() const { return gadgets_; }
 
  protected:
   void SetTitle(const String& title) { title_ = title; }
@@ -54,14 +54,14 @@ class GeModalDialog {
   Bool AddStaticText(Int32 id, Int32 flags, Int32 w, Int32 h, const String& text, Int32 border);
   // The gadget of a custom GUI; its image may be set through the returned record until the
   // next gadget is added.
-  DialogGadget* AddCustomGui(Int32 id, Int32 pluginid, const String& name, Int32 flags, Int32 w,
-                             Int32 h, const BaseContainer& settings);
+  ModalGadget* AddCustomGui(Int32 id, Int32 pluginid, const String& name, Int32 flags, Int32 w,
+                            Int32 h, const BaseContainer& settings);
   // The group of standard buttons; `buttons` DLG_OK for the single OK button.
   Bool AddDlgGroup(Int32 buttons);
 
  private:
   String title_;
-  std::vector<DialogGadget> gadgets_;
+  std::vector<ModalGadget> gadgets_;
   Int32 openGroups_ = 0;
   Bool layOut();
 

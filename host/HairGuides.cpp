@@ -1,29 +1,12 @@
 #include "host/HairGuides.h"
 
-#include "host/HairObject.h"
 #include "host/PolygonObject.h"
 
-namespace {
-
-Vector pointOnPolygon(const Vector* points, const CPolygon& p, Float s, Float t) {
-  if (p.IsTriangle())
-    return points[p.a] + (points[p.b] - points[p.a]) * s + (points[p.c] - points[p.a]) * t;
-  return points[p.a] * ((1 - s) * (1 - t)) + points[p.b] * (s * (1 - t)) + points[p.c] * (s * t) +
-         points[p.d] * ((1 - s) * t);
-}
-
-}  // namespace
-
 HairGuides::HairGuides(Int32 count, Int32 segments)
-    : count_(count),
-      segments_(segments),
-      points_(size_t(count) * size_t(segments + 1)),
-      roots_(size_t(count)) {}
+    : count_(count), segments_(segments), points_(size_t(count) * (segments + 1)), roots_(count) {}
 
 HairGuides* HairGuides::Alloc(Int32 count, Int32 segments) {
-  if (count < 1 || segments < 1 || Int64(count) * (Int64(segments) + 1) > kMaxPoints) {
-    return nullptr;
-  }
+  if (count < 1 || segments < 1 || Int64(count) * (segments + 1) > (Int64(1) << 24)) return nullptr;
   return new HairGuides(count, segments);
 }
 
@@ -32,37 +15,27 @@ void HairGuides::Free(HairGuides*& guides) {
   guides = nullptr;
 }
 
-HairGuides* HairGuides::GetClone() const {
-  auto* clone = new HairGuides(*this);
-  clone->owner_ = nullptr;
-  return clone;
-}
-
-void HairGuides::SetRoot(Int32 index, const HairRootData& root, Bool /*update*/) {
-  if (index >= 0 && index < count_) roots_[size_t(index)] = root;
+void HairGuides::SetRoot(Int32 index, const HairRootData& root, Bool) {
+  if (index >= 0 && index < count_) roots_[index] = root;
 }
 
 HairRootData HairGuides::GetRoot(Int32 index) const {
-  return index >= 0 && index < count_ ? roots_[size_t(index)] : HairRootData();
+  return index >= 0 && index < count_ ? roots_[index] : HairRootData();
 }
 
-Bool HairGuides::GetRootData(Int32 index, Vector* position, Vector* normal, Vector* direction,
-                             Bool /*local*/) const {
-  const HairRootData root = GetRoot(index);
-  const PolygonObject* surface = owner_ ? owner_->GetRootObject() : nullptr;
-  if (root.m_Type != HAIR_ROOT_TYPE_POLY || !surface || root.m_ID < 0 ||
-      root.m_ID >= surface->GetPolygonCount()) {
+Bool HairGuides::GetRootData(Int32 index, Vector* position, Vector* normal) const {
+  HairRootData root = GetRoot(index);
+  if (!surface_ || root.m_Type != HAIR_ROOT_TYPE_POLY || root.m_ID < 0 ||
+      root.m_ID >= surface_->GetPolygonCount()) {
     return false;
   }
-  const CPolygon& polygon = surface->GetPolygonR()[root.m_ID];
-  const Vector* points = surface->GetPointR();
-  // Into the hair object's space: the surface's global matrix, then the inverse of the hair's.
-  const Matrix toHair = Invert(owner_->GetMg()) * surface->GetMg();
-  const Vector n =
-      Cross(points[polygon.d] - points[polygon.b], points[polygon.c] - points[polygon.a]);
-  const Vector up = toHair.TransformVector(n).GetNormalized();
-  if (position) *position = toHair * pointOnPolygon(points, polygon, root.m_S, root.m_T);
-  if (normal) *normal = up;
-  if (direction) *direction = up;
+  const CPolygon& f = surface_->GetPolygonR()[root.m_ID];
+  const Vector* p = surface_->GetPointR();
+  Vector a = p[f.a], b = p[f.b], c = p[f.c], d = p[f.d];
+  Vector along = a + (b - a) * root.m_S;
+  Vector at = f.IsTriangle() ? along + (c - a) * root.m_T
+                             : along + ((d + (c - d) * root.m_S) - along) * root.m_T;
+  if (position) *position = at;
+  if (normal) *normal = Cross(c - a, b - a).GetNormalized();
   return true;
 }

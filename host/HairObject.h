@@ -1,33 +1,37 @@
-// HairObject: the hair object (Ohair): guides that strands grow from, rooted on the polygon
-// object of its link HAIR_LINK. Its guides come from a generator tag that answers the hair
-// library's message (see HairLibrary); BuildGuides runs that generator's two passes.
+// HairObject: the host's hair object (Ohair 1017305). Its guides grow on the polygon object
+// linked in 1000 (its current state when it is a generator). Hair plug-ins hook in through a
+// tag on the hair object: asked with message MSG_HAIR_GET_OBJECT_TYPE and a pointer to a
+// HairPluginObjectData pointer, a tag that answers puts its hook record there; the hair object
+// then calls the record's generate function with pass 0, then pass 1, whose guides it keeps.
+// Its cache is a line object of the guides, one segment per guide.
 #pragma once
 
 #include "host/BaseObject.h"
-#include "host/HairGuides.h"
 
-class BaseDocument;
 class BaseThread;
-class PolygonObject;
+class HairGuides;
+class HairObject;
 
-constexpr Int32 HAIR_LINK = 1000;  // object link: the polygon object the guides grow on
+constexpr Int32 HAIRSTYLE_LINK = 1000;
+constexpr Int32 MSG_HAIR_GET_OBJECT_TYPE = 1018952;
+
+using HairGenerateFunction = HairGuides* (*)(BaseDocument* doc, BaseList2D* tag, HairObject* hair,
+                                             BaseThread* thread, void* renderData, Int32 pass);
+
+// The hook record of a hair plug-in: version 1000, size 128, and the functions it offers.
+struct HairPluginObjectData {
+  Int32 version = 0;
+  Int32 size = 0;
+  HairGenerateFunction calc_generate = nullptr;
+};
 
 class HairObject : public BaseObject {
  public:
   HairObject() : BaseObject(Ohair) {}
   ~HairObject() override;
-
-  // Takes the guides (or, with clone, a copy of them) in place of the ones it had; null
-  // removes them.
+  // Takes `guides` (or a copy of them with `clone`), bound to the current surface.
   void SetGuides(HairGuides* guides, Bool clone);
   HairGuides* GetGuides() const { return guides_; }
-  // The polygon object of HAIR_LINK, or null when the link is empty or no polygon object.
-  PolygonObject* GetRootObject() const;
-
-  // Asks the tags, in order, for a guide generator and runs the first one found: pass 0, then
-  // pass 1. Guides that pass 1 returns stay; a null result leaves the object without guides.
-  // False when no tag generates or the generator gave none.
-  Bool BuildGuides(BaseDocument* doc, BaseThread* thread);
 
  protected:
   BaseObject* cloneObject() const override;

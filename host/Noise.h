@@ -1,6 +1,6 @@
-// Noise: the host's smooth 3D noise, gradient noise on the integer lattice. Its value lies in
-// [0, 1]; it is 0.5 at every lattice point and changes smoothly between them, the same on every
-// run (the lattice's gradients come from a fixed seed).
+// Noise: the host's smooth noise of a point, gradient noise in three dimensions with a fixed
+// table, scaled to 0 to 1: 0.5 at every whole-numbered point, continuous, the same for the same
+// point in every run.
 #pragma once
 
 #include "host/Vector.h"

@@ -45,8 +45,8 @@ Bool MGrassTagData::Init(GeListNode* node) {
 
 Bool MGrassTagData::Message(GeListNode* node, Int32 type, void* data) {
   if (type == MSG_HAIR_GET_OBJECT_TYPE && data != nullptr) {
-    hook.generate = &MGrassTagData::generate;
-    static_cast<HairPluginMessageData*>(data)->data = &hook;
+    hook.calc_generate = &MGrassTagData::generate;
+    *static_cast<HairPluginObjectData**>(data) = &hook;
     return true;
   }
   return TagData::Message(node, type, data);
@@ -128,7 +128,7 @@ HairGuides* MGrassTagData::buildGuides(HairObject* hair) {
     root.m_T = t;
     guides->SetRoot(0, root, false);
     Vector position, normal;
-    guides->GetRootData(0, &position, &normal, nullptr, false);
+    guides->GetRootData(0, &position, &normal);
     Vector direction = normal;
     for (Int32 k = 0; k < clumpSize; ++k) {
       writeBlade(points + clumpStart + k * pointsPerBlade, polygon, s, t, k, position, direction);

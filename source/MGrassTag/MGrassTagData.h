@@ -5,7 +5,7 @@
 #pragma once
 
 #include "host/HairGuides.h"
-#include "host/HairLibrary.h"
+#include "host/HairObject.h"
 #include "host/Random.h"
 #include "host/TagData.h"
 

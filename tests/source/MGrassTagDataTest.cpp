@@ -7,6 +7,7 @@
 
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
+#include "host/DocumentPass.h"
 #include "host/HairObject.h"
 #include "host/PolygonObject.h"
 #include "support/CapturingConsole.h"
@@ -48,14 +49,15 @@ struct Lawn {
   explicit Lawn(const std::vector<Corners>& polygons) : surface(makeSurface(polygons)) {
     doc.InsertObject(surface, nullptr, nullptr);
     doc.InsertObject(hair, nullptr, nullptr);
-    hair->GetDataInstance()->SetLink(HAIR_LINK, surface);
+    hair->GetDataInstance()->SetLink(HAIRSTYLE_LINK, surface);
     tag = hair->MakeTag(kGrassTag);  // registered by the plug-in's start
     EXPECT_NE(tag, nullptr);
     parameters()->SetLink(MGrassTagData::MGRASS_SURFACE, surface);
   }
   BaseContainer* parameters() { return tag->GetDataInstance(); }
+  // A document pass: the hair object runs the tag's passes when it or its tags changed.
   const HairGuides* build() {
-    hair->BuildGuides(&doc, nullptr);
+    DocumentPass::Run(&doc, nullptr);
     return hair->GetGuides();
   }
 };
@@ -277,15 +279,14 @@ TEST(MGrassTagData, whatCannotGrowGivesNoGuidesAndSaysWhy) {
 
 TEST(MGrassTagData, answersTheHairSystemWithItsHook) {
   Lawn lawn({quad(0, 0), quad(1, 0)});
-  HairPluginMessageData message;
-  ASSERT_TRUE(lawn.tag->Message(MSG_HAIR_GET_OBJECT_TYPE, &message));
-  ASSERT_NE(message.data, nullptr);
-  const auto* hook = static_cast<const HairPluginObjectData*>(message.data);
+  HairPluginObjectData* hook = nullptr;
+  ASSERT_TRUE(lawn.tag->Message(MSG_HAIR_GET_OBJECT_TYPE, &hook));
+  ASSERT_NE(hook, nullptr);
   EXPECT_EQ(hook->version, 1000);
   EXPECT_EQ(hook->size, 128);
-  EXPECT_EQ(hook->generate, &MGrassTagData::generate);
+  EXPECT_EQ(hook->calc_generate, &MGrassTagData::generate);
   // Passes other than 0 and 1 build nothing.
-  EXPECT_EQ(hook->generate(&lawn.doc, lawn.tag, lawn.hair, nullptr, nullptr, 2), nullptr);
+  EXPECT_EQ(hook->calc_generate(&lawn.doc, lawn.tag, lawn.hair, nullptr, nullptr, 2), nullptr);
   EXPECT_EQ(lawn.hair->GetGuides(), nullptr);
 }
 

@@ -60,15 +60,15 @@ TEST(MenuCommands, aboutDialogLaysOutItsGadgetsInOrder) {
   ASSERT_TRUE(dialog.RestoreLayout(ID_ABOUT, 0, nullptr));
   EXPECT_FALSE(dialog.IsOpen());
   EXPECT_EQ(dialog.GetTitle(), "About Morvo");
-  const std::vector<DialogGadget>& gadgets = dialog.GetGadgets();
+  const std::vector<ModalGadget>& gadgets = dialog.GetGadgets();
   ASSERT_EQ(gadgets.size(), 6u);
   const Int32 ids[] = {1000, 1001, 1002, 1003, 1004};
   for (size_t k = 0; k < 5; ++k) EXPECT_EQ(gadgets[k].id, ids[k]);
-  EXPECT_EQ(gadgets[1].kind, DialogGadget::Kind::CustomGui);
+  EXPECT_EQ(gadgets[1].kind, ModalGadget::Kind::CustomGui);
   EXPECT_EQ(gadgets[1].type, CUSTOMGUI_BITMAPBUTTON);
   EXPECT_EQ(gadgets[1].text, "Splash");
   EXPECT_FALSE(gadgets[1].image.Content());  // the folder holds no splash picture
-  EXPECT_EQ(gadgets[5].kind, DialogGadget::Kind::ButtonGroup);
+  EXPECT_EQ(gadgets[5].kind, ModalGadget::Kind::ButtonGroup);
   EXPECT_EQ(gadgets[5].type, DLG_OK);
   // Anything but OK goes to the base class, which does not handle it.
   EXPECT_FALSE(dialog.Command(1002, BaseContainer()));

@@ -49,7 +49,7 @@ PolygonObject* toPolygonObject(const mv::MeshData& mesh) {
 // The guides as line strips in library axes, one strip per blade.
 mv::LineStrips toLineStrips(const HairGuides& guides) {
   mv::LineStrips lines;
-  const Int32 perBlade = guides.GetGuidePointCount();
+  const Int32 perBlade = guides.GetSegmentCount() + 1;
   lines.points.reserve(size_t(guides.GetCount()) * size_t(perBlade));
   for (Int32 k = 0; k < guides.GetCount() * perBlade; ++k) {
     lines.points.push_back(toLibraryVector(guides.GetPoints()[k]));
@@ -96,15 +96,18 @@ int grow(const GrassOptions& options) {
   }
   doc.InsertObject(surface, nullptr, nullptr);
   doc.InsertObject(hair, nullptr, nullptr);
-  hair->GetDataInstance()->SetLink(HAIR_LINK, surface);
+  hair->GetDataInstance()->SetLink(HAIRSTYLE_LINK, surface);
   BaseTag* tag = hair->MakeTag(ID_GRASS_TAG);
   if (!tag) return 1;
   setParameters(tag, surface, options);
-  if (!hair->BuildGuides(&doc, nullptr)) {
+  // The hair system's two passes, as the hair object runs them at each build.
+  MGrassTagData::generate(&doc, tag, hair, nullptr, nullptr, 0);
+  const HairGuides* guides = MGrassTagData::generate(&doc, tag, hair, nullptr, nullptr, 1);
+  if (!guides) {
     mv::messageSink.error("grass: no blades grew on " + options.surface);
     return 1;
   }
-  const mv::LineStrips lines = toLineStrips(*hair->GetGuides());
+  const mv::LineStrips lines = toLineStrips(*guides);
   if (!write(mesh, lines, options.output)) return 1;
   mv::messageSink.info(std::to_string(lines.counts.size()) + " blades on " +
                        std::to_string(mesh.polygons.size()) + " polygons written to " +
