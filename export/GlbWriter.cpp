@@ -10,16 +10,15 @@
 #include <iterator>
 #include <limits>
 #include <map>
-#include <memory>
 #include <utility>
 
 #include "core/MessageSink.h"
 #include "export/AtomicFile.h"
 #include "export/CornerNormals.h"
+#include "export/CornerWeld.h"
 #include "export/ExportableMesh.h"
 #include "export/FileAxes.h"
 #include "export/PhaseTimes.h"
-#include "export/RecordWeld.h"
 #include "export/ShellOrientation.h"
 #include "export/TextureReference.h"
 #include "export/Utf8Text.h"
@@ -67,7 +66,8 @@ struct Material {
 struct Primitive {
   int material = -1;  // the mesh's material index
   uint64_t triangles = 0;
-  bool open = false;  // some polygon lies in an open sheet
+  uint64_t corners = 0;  // at least as many as the primitive's vertices
+  bool open = false;     // some polygon lies in an open sheet
 };
 
 // Everything the JSON chunk says; primitive k has accessors 4k to 4k + 3 (position, normal,
@@ -246,32 +246,47 @@ void writeLines(AtomicFile& file, Document& document, size_t first, const LineSt
   finishView(file, document, first + 1, segments.size(), segments.size() * (wide ? 4 : 2));
 }
 
-// Writes one primitive's vertices and indices: the corners of every polygon of one material,
-// welded, in the order they first appear.
+// Writes one primitive: the corners of every polygon of one material, welded into vertices in
+// the order they first appear. The indices go to the file as the polygons are welded (their
+// width is chosen from the corner count, which bounds the vertex count), the vertices after them
+// once all are known.
 class PrimitiveWriter {
  public:
   PrimitiveWriter(const MeshData& mesh, const CornerNormals& normals,
-                  const ShellOrientation& shells)
-      : mesh_(mesh), normals_(normals), shells_(shells) {}
+                  const ShellOrientation& shells, AtomicFile& file, Document& document)
+      : mesh_(mesh),
+        normals_(normals),
+        shells_(shells),
+        file_(file),
+        document_(document),
+        weld_(mesh.points.size(), 5) {}
 
-  void weld(const Primitive& primitive) {
-    weld_ = std::make_unique<RecordWeld>(6, size_t(primitive.triangles / 2 + 16));
-    indices_.clear();
-    indices_.reserve(size_t(3 * primitive.triangles));
+  // Welds the primitive's polygons and writes its indices, accessor first + 3.
+  void weld(const Primitive& primitive, size_t first) {
+    weld_.clear();
+    indexBytes_ = primitive.corners > kLargestShortIndexCount ? 4 : 2;
+    Accessor& indices = document_.accessors[first + 3];
+    indices.componentType = indexBytes_ == 4 ? kUnsignedInt : kUnsignedShort;
+    document_.views[size_t(indices.view)].offset = document_.bufferLength;
+    indexCount_ = 0;
     for (uint32_t i = 0; i < mesh_.polygons.size(); ++i) {
       if (mesh_.polygons[i].material == primitive.material) addPolygon(i);
     }
+    flushIndices();
+    finishView(file_, document_, first + 3, indexCount_, indexCount_ * indexBytes_);
   }
 
-  // Appends positions, normals, texture coordinates and indices to the file, each a view.
-  void write(AtomicFile& file, Document& document, size_t first) {
-    const size_t count = weld_->size();
+  // Appends positions, normals and texture coordinates to the file, each a view.
+  void write(size_t first) {
+    AtomicFile& file = file_;
+    Document& document = document_;
+    const size_t count = weld_.size();
     Accessor& position = document.accessors[first];
     position.bounded = true;
     position.min.fill(std::numeric_limits<double>::max());
     position.max.fill(std::numeric_limits<double>::lowest());
     writeView(file, document, first, count, 12, [&](size_t v, float* out) {
-      const Vector3 p = FileAxes::fromLibrary(mesh_.points[weld_->record(v)[0]]);
+      const Vector3 p = FileAxes::fromLibrary(mesh_.points[weld_.point(v)]);
       out[0] = float(p.x), out[1] = float(p.y), out[2] = float(p.z);
       for (int k = 0; k < 3; ++k) {
         position.min[k] = std::min(position.min[k], double(out[k]));
@@ -279,12 +294,9 @@ class PrimitiveWriter {
       }
     });
     writeView(file, document, first + 1, count, 12,
-              [&](size_t v, float* out) { std::memcpy(out, weld_->record(v) + 1, 12); });
+              [&](size_t v, float* out) { std::memcpy(out, weld_.attributes(v), 12); });
     writeView(file, document, first + 2, count, 8,
-              [&](size_t v, float* out) { std::memcpy(out, weld_->record(v) + 4, 8); });
-    writeIndices(file, document, first + 3, count > kLargestShortIndexCount);
-    weld_.reset();
-    indices_ = std::vector<uint32_t>();
+              [&](size_t v, float* out) { std::memcpy(out, weld_.attributes(v) + 3, 8); });
   }
 
  private:
@@ -300,21 +312,36 @@ class PrimitiveWriter {
       const Vector3 normal = FileAxes::fromLibrary(normals_.at(i, k) * (reversed ? -1.0 : 1.0));
       const float values[5] = {float(normal.x), float(normal.y), float(normal.z), float(uvs[k]->x),
                                float(uvs[k]->y)};
-      uint32_t record[6] = {points[k]};
-      std::memcpy(record + 1, values, sizeof values);
-      vertex[k] = weld_->indexOf(record);
+      uint32_t attributes[5];
+      std::memcpy(attributes, values, sizeof values);
+      bool added;
+      vertex[k] = weld_.indexOf(points[k], attributes, added);
     }
     // Quads split along a-c; reversing keeps the diagonal.
     static const int forward[2][3] = {{0, 1, 2}, {0, 2, 3}};
     static const int backward[2][3] = {{0, 3, 2}, {0, 2, 1}};
     const int(*order)[3] = reversed ? backward : forward;
     if (corners == 3) {
-      for (int k : order[reversed ? 1 : 0]) indices_.push_back(vertex[k]);
+      for (int k : order[reversed ? 1 : 0]) addIndex(vertex[k]);
       return;
     }
     for (int t = 0; t < 2; ++t) {
-      for (int k : order[t]) indices_.push_back(vertex[k]);
+      for (int k : order[t]) addIndex(vertex[k]);
     }
+  }
+
+  void addIndex(uint32_t vertex) {
+    const uint16_t shortIndex = uint16_t(vertex);
+    const char* bytes = indexBytes_ == 4 ? reinterpret_cast<const char*>(&vertex)
+                                         : reinterpret_cast<const char*>(&shortIndex);
+    indexChunk_.insert(indexChunk_.end(), bytes, bytes + indexBytes_);
+    ++indexCount_;
+    if (indexChunk_.size() >= kIndexChunkBytes) flushIndices();
+  }
+
+  void flushIndices() {
+    file_.write(indexChunk_.data(), indexChunk_.size());
+    indexChunk_.clear();
   }
 
   template <typename Fill>
@@ -337,28 +364,17 @@ class PrimitiveWriter {
     finishView(file, document, accessor, count, count * vertexBytes);
   }
 
-  void writeIndices(AtomicFile& file, Document& document, size_t accessor, bool wide) {
-    View& view = document.views[size_t(document.accessors[accessor].view)];
-    view.offset = document.bufferLength;
-    document.accessors[accessor].componentType = wide ? kUnsignedInt : kUnsignedShort;
-    if (wide) {
-      writeValues(file, indices_);
-    } else {
-      std::vector<uint16_t> chunk;
-      for (size_t at = 0; at < indices_.size(); at += 8192) {
-        chunk.assign(indices_.begin() + at,
-                     indices_.begin() + std::min(indices_.size(), at + 8192));
-        writeValues(file, chunk);
-      }
-    }
-    finishView(file, document, accessor, indices_.size(), indices_.size() * (wide ? 4 : 2));
-  }
+  static constexpr size_t kIndexChunkBytes = size_t(1) << 16;
 
   const MeshData& mesh_;
   const CornerNormals& normals_;
   const ShellOrientation& shells_;
-  std::unique_ptr<RecordWeld> weld_;
-  std::vector<uint32_t> indices_;
+  AtomicFile& file_;
+  Document& document_;
+  CornerWeld weld_;
+  size_t indexBytes_ = 2;
+  uint64_t indexCount_ = 0;
+  std::vector<char> indexChunk_;
 };
 
 // The primitives in ascending material order, with their triangle counts and sidedness.
@@ -372,6 +388,7 @@ std::vector<Primitive> primitivesOf(const MeshData& mesh, const ShellOrientation
       current->material = polygon.material;
     }
     current->triangles += polygon.isTriangle() ? 1 : 2;
+    current->corners += polygon.isTriangle() ? 3 : 4;
     current->open = current->open || shells.inOpenSheet(i);
   }
   std::vector<Primitive> result;
@@ -545,12 +562,12 @@ bool GlbWriter::write(const MeshData& mesh, const LineStrips& lines, int lineMat
   glb.phase("normals");
   const CornerNormals normals(mesh, creaseAngle_);
   if (!glb.begin()) return false;
-  PrimitiveWriter writer(mesh, normals, shells);
+  PrimitiveWriter writer(mesh, normals, shells, glb.file(), glb.document());
   for (size_t k = 0; k < primitives.size(); ++k) {
     glb.phase("weld");
-    writer.weld(primitives[k]);
+    writer.weld(primitives[k], glb.firstAccessor(k));
     glb.phase("write");
-    writer.write(glb.file(), glb.document(), glb.firstAccessor(k));
+    writer.write(glb.firstAccessor(k));
   }
   if (lines.hasSegments()) {
     glb.phase("lines");

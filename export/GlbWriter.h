@@ -11,15 +11,16 @@
 //     polygons around its point that turn by less than the angle from its own (CornerNormals),
 //     so tubes shade smoothly and caps keep their edge; corners equal in point, normal and
 //     texture coordinate share a vertex, numbered in the order they first appear;
-//   - indices are 16-bit while a primitive has at most 65 535 vertices, 32-bit beyond;
+//   - indices are 16-bit while a primitive's polygons have at most 65 535 corners (so at most as
+//     many vertices), 32-bit beyond;
 //   - line strips (hair, grass) become one primitive of mode LINES after the triangles, with
 //     positions only and the material of their index;
 //   - materials: the colour, read as sRGB, becomes the linear base colour; no metal; names become
 //     valid UTF-8 (Utf8Text); a texture file is referenced by a percent-encoded relative URI
 //     (TextureReference) or, with embedTextures, stored in the file. A texture that is not found
 //     beside the output (or, to embed, there or as named) gets a warning.
-// The file is written as it is made, one primitive at a time, under a temporary name that is
-// renamed at the end (AtomicFile).
+// The file is written as it is made, one primitive at a time (its indices while its polygons are
+// welded, then its vertices), under a temporary name that is renamed at the end (AtomicFile).
 #pragma once
 
 #include <string>

@@ -4,23 +4,25 @@
 #include <charconv>
 #include <cstring>
 #include <filesystem>
-#include <numeric>
+#include <map>
 #include <set>
 #include <utility>
 
 #include "core/MessageSink.h"
 #include "export/AtomicFile.h"
 #include "export/CornerNormals.h"
+#include "export/CornerWeld.h"
 #include "export/ExportableMesh.h"
 #include "export/FileAxes.h"
 #include "export/PhaseTimes.h"
-#include "export/RecordWeld.h"
 #include "export/ShellOrientation.h"
 #include "export/TextureReference.h"
 
 namespace mv {
 
 namespace {
+
+constexpr uint32_t kNoGroup = 0xffffffffu;
 
 std::string objName(const std::string& name) {
   std::string result = name.empty() ? "unnamed" : name;
@@ -35,10 +37,13 @@ std::string baseName(const std::string& path) {
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
-// One line of text built in place: numbers in their shortest round-trip form.
+// One line of text built in place: numbers in their shortest round-trip form. The longest line,
+// a prefix and three doubles or four corners of three indices, fits the buffer.
 class Line {
  public:
-  explicit Line(const char* prefix) : text_(prefix) {}
+  explicit Line(const char* prefix) : length_(std::strlen(prefix)) {
+    std::memcpy(text_, prefix, length_);
+  }
   template <typename Number>
   Line& operator<<(Number value) {
     append(' ', value);
@@ -52,19 +57,19 @@ class Line {
     return *this;
   }
   void writeTo(AtomicFile& out) {
-    text_ += '\n';
-    out.write(text_);
+    text_[length_++] = '\n';
+    out.write(text_, length_);
   }
 
  private:
   template <typename Number>
   void append(char separator, Number value) {
-    char digits[32];
-    digits[0] = separator;
-    text_.append(digits, std::to_chars(digits + 1, digits + sizeof digits, value).ptr);
+    text_[length_++] = separator;
+    length_ = size_t(std::to_chars(text_ + length_, text_ + sizeof text_ - 1, value).ptr - text_);
   }
 
-  std::string text_;
+  char text_[160];
+  size_t length_;
 };
 
 const TexturePolygon& texturePolygonOf(const MeshData& mesh, uint32_t polygon) {
@@ -72,57 +77,120 @@ const TexturePolygon& texturePolygonOf(const MeshData& mesh, uint32_t polygon) {
   return polygon < mesh.texturePolygons.size() ? mesh.texturePolygons[polygon] : none;
 }
 
-// Texture coordinates and normals, each distinct value written once when first used; indices
-// from 1.
-class SharedLines {
+// The corners' texture coordinates and normals: one "vt" and one "vn" line for each distinct
+// pair at a point, written when first used, so that a corner's texture and normal indices are
+// equal. Indices from 1.
+class CornerLines {
  public:
-  explicit SharedLines(size_t expected) : textures_(4, expected), normals_(3, expected) {}
+  explicit CornerLines(size_t points) : weld_(points, 7) {}
 
-  uint32_t texture(AtomicFile& out, const Vector3& uv) {
-    const double value[2] = {uv.x, 1.0 - uv.y};
-    uint32_t words[4];
-    std::memcpy(words, value, sizeof words);
-    const size_t before = textures_.size();
-    const uint32_t index = textures_.indexOf(words);
-    if (textures_.size() > before) (Line("vt") << value[0] << value[1]).writeTo(out);
-    return index + 1;
-  }
-
-  uint32_t normal(AtomicFile& out, const Vector3& libraryNormal) {
+  uint32_t indexOf(AtomicFile& out, uint32_t point, const Vector3& libraryNormal,
+                   const Vector3& uv) {
     const Vector3 n = FileAxes::fromLibrary(libraryNormal);
-    const float value[3] = {float(n.x), float(n.y), float(n.z)};
-    uint32_t words[3];
-    std::memcpy(words, value, sizeof words);
-    const size_t before = normals_.size();
-    const uint32_t index = normals_.indexOf(words);
-    if (normals_.size() > before) (Line("vn") << value[0] << value[1] << value[2]).writeTo(out);
+    const float normal[3] = {float(n.x), float(n.y), float(n.z)};
+    const double texture[2] = {uv.x, 1.0 - uv.y};
+    uint32_t attributes[7];
+    std::memcpy(attributes, normal, sizeof normal);
+    std::memcpy(attributes + 3, texture, sizeof texture);
+    bool added;
+    const uint32_t index = weld_.indexOf(point, attributes, added);
+    if (added) {
+      (Line("vt") << texture[0] << texture[1]).writeTo(out);
+      (Line("vn") << normal[0] << normal[1] << normal[2]).writeTo(out);
+    }
     return index + 1;
   }
 
  private:
-  RecordWeld textures_, normals_;
+  CornerWeld weld_;
 };
 
-// The selection names of every polygon, in the order of the mesh's selection map.
-std::vector<std::string> selectionSuffixes(const MeshData& mesh) {
-  std::vector<std::string> suffixes(mesh.polygons.size());
+// Each polygon's group suffix: the names of the selections it belongs to, in the order of the
+// mesh's selection map, as an index into a short list of distinct suffixes.
+struct SelectionSuffixes {
+  std::vector<std::string> texts{""};
+  std::vector<uint32_t> ofPolygon;
+};
+
+SelectionSuffixes selectionSuffixes(const MeshData& mesh) {
+  SelectionSuffixes suffixes;
+  suffixes.ofPolygon.assign(mesh.polygons.size(), 0);
   for (const auto& [name, polygons] : mesh.selections) {
+    // The suffix that each earlier suffix becomes with this selection added.
+    std::map<uint32_t, uint32_t> extended;
     for (uint32_t index : polygons) {
-      if (index < suffixes.size()) suffixes[index] += " " + objName(name);
+      if (index >= suffixes.ofPolygon.size()) continue;
+      uint32_t& suffix = suffixes.ofPolygon[index];
+      const auto [found, added] = extended.emplace(suffix, uint32_t(suffixes.texts.size()));
+      if (added) suffixes.texts.push_back(suffixes.texts[suffix] + " " + objName(name));
+      suffix = found->second;
     }
   }
   return suffixes;
 }
 
-// Polygon indices ordered by material, the mesh's order kept within a material.
-std::vector<uint32_t> byMaterial(const MeshData& mesh) {
-  std::vector<uint32_t> order(mesh.polygons.size());
-  std::iota(order.begin(), order.end(), 0u);
-  std::stable_sort(order.begin(), order.end(), [&mesh](uint32_t l, uint32_t r) {
-    return mesh.polygons[l].material < mesh.polygons[r].material;
-  });
-  return order;
-}
+// Writes the faces of one material after another, with the group, material and smoothing lines
+// they need and the texture and normal lines of their corners.
+class FaceWriter {
+ public:
+  FaceWriter(AtomicFile& out, const MeshData& mesh, const ShellOrientation& shells,
+             const CornerNormals& normals)
+      : out_(out),
+        mesh_(mesh),
+        shells_(shells),
+        normals_(normals),
+        lines_(mesh.points.size()),
+        suffixes_(selectionSuffixes(mesh)) {}
+
+  void writeMaterial(int materialIndex, const std::string& name) {
+    uint32_t group = kNoGroup;
+    bool named = false;
+    for (uint32_t i = 0; i < mesh_.polygons.size(); ++i) {
+      if (mesh_.polygons[i].material != materialIndex) continue;
+      if (suffixes_.ofPolygon[i] != group) {
+        group = suffixes_.ofPolygon[i];
+        out_.write("g " + name + suffixes_.texts[group] + "\n");
+      }
+      if (!named) out_.write("usemtl " + name + "\n");
+      named = true;
+      writeFace(i);
+    }
+  }
+
+ private:
+  void writeFace(uint32_t i) {
+    const MeshPolygon& polygon = mesh_.polygons[i];
+    const TexturePolygon& uv = texturePolygonOf(mesh_, i);
+    const Vector3* uvs[4] = {&uv.a, &uv.b, &uv.c, &uv.d};
+    const uint32_t points[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
+    const int corners = polygon.isTriangle() ? 3 : 4;
+    const bool reversed = shells_.reversed(i);
+    uint32_t vertex[4];
+    bool flat = true;
+    const Vector3 first = normals_.at(i, 0) * (reversed ? -1.0 : 1.0);
+    for (int k = 0; k < corners; ++k) {
+      const Vector3 normal = k == 0 ? first : normals_.at(i, k) * (reversed ? -1.0 : 1.0);
+      flat = flat && normal == first;
+      vertex[k] = lines_.indexOf(out_, points[k], normal, *uvs[k]);
+    }
+    const char* smoothing = flat ? "off" : "1";
+    if (smoothing_ != smoothing) out_.write("s " + (smoothing_ = smoothing) + "\n");
+    Line face("f");
+    for (int n = 0; n < corners; ++n) {
+      const int k = reversed ? (corners - n) % corners : n;  // a, then backwards
+      face.corner(points[k] + 1, vertex[k], vertex[k]);
+    }
+    face.writeTo(out_);
+  }
+
+  AtomicFile& out_;
+  const MeshData& mesh_;
+  const ShellOrientation& shells_;
+  const CornerNormals& normals_;
+  CornerLines lines_;
+  const SelectionSuffixes suffixes_;
+  std::string smoothing_;
+};
 
 }  // namespace
 
@@ -165,7 +233,9 @@ void ObjWriter::writeMaterialLibrary(AtomicFile& out, const std::set<int>& used,
   for (int index : used) {
     const ExportMaterial material = materials_.lookup(index);
     out.write("\nnewmtl " + objName(material.name) + "\n");
-    (Line("Kd") << material.red << material.green << material.blue).writeTo(out);
+    // Colours come from single-precision files: their shortest float text is what was meant.
+    (Line("Kd") << float(material.red) << float(material.green) << float(material.blue))
+        .writeTo(out);
     out.write("Ka 0 0 0\nKs 0 0 0\nd 1\nillum 1\n");
     if (material.textureFile.empty()) continue;
     const std::string reference = TextureReference::relative(material.textureFile);
@@ -190,33 +260,9 @@ void ObjWriter::writeObj(AtomicFile& out, const MeshData& mesh, const std::strin
   if (times) times->begin("normals");
   const CornerNormals normals(mesh, creaseAngle_);
   if (times) times->begin("write");
-  SharedLines shared(mesh.points.size());
-  const std::vector<std::string> suffixes = selectionSuffixes(mesh);
-  std::string group, material, smoothing;
-  for (uint32_t i : byMaterial(mesh)) {
-    const MeshPolygon& polygon = mesh.polygons[i];
-    const std::string name = objName(materials_.lookup(polygon.material).name);
-    if (name + suffixes[i] != group) out.write("g " + (group = name + suffixes[i]) + "\n");
-    if (name != material) out.write("usemtl " + (material = name) + "\n");
-    const TexturePolygon& uv = texturePolygonOf(mesh, i);
-    const Vector3* uvs[4] = {&uv.a, &uv.b, &uv.c, &uv.d};
-    const uint32_t points[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
-    const int corners = polygon.isTriangle() ? 3 : 4;
-    const double sense = shells.reversed(i) ? -1.0 : 1.0;
-    uint32_t normalIndex[4], textureIndex[4];
-    for (int k = 0; k < corners; ++k) {
-      normalIndex[k] = shared.normal(out, normals.at(i, k) * sense);
-      textureIndex[k] = shared.texture(out, *uvs[k]);
-    }
-    const bool flat = std::equal(normalIndex + 1, normalIndex + corners, normalIndex);
-    if ((flat ? "off" : "1") != smoothing)
-      out.write("s " + (smoothing = flat ? "off" : "1") + "\n");
-    Line face("f");
-    for (int n = 0; n < corners; ++n) {
-      const int k = shells.reversed(i) ? (corners - n) % corners : n;  // a, then backwards
-      face.corner(points[k] + 1, textureIndex[k], normalIndex[k]);
-    }
-    face.writeTo(out);
+  FaceWriter faces(out, mesh, shells, normals);
+  for (int index : MaterialTable::usedIndices(mesh)) {
+    faces.writeMaterial(index, objName(materials_.lookup(index).name));
   }
 }
 

@@ -1,8 +1,20 @@
 #include "export/PhaseTimes.h"
 
+#include <sys/resource.h>
+
 #include <cstdio>
 
 namespace mv {
+
+namespace {
+
+long peakKiB() {
+  struct rusage usage {};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+}  // namespace
 
 void PhaseTimes::begin(const std::string& phase) {
   end();
@@ -13,22 +25,23 @@ void PhaseTimes::begin(const std::string& phase) {
 void PhaseTimes::end() {
   if (running_.empty()) return;
   const double elapsed = double(std::clock() - started_) / CLOCKS_PER_SEC;
-  auto entry = seconds_.begin();
-  while (entry != seconds_.end() && entry->first != running_) ++entry;
-  if (entry == seconds_.end()) {
-    seconds_.emplace_back(running_, elapsed);
+  auto entry = phases_.begin();
+  while (entry != phases_.end() && entry->name != running_) ++entry;
+  if (entry == phases_.end()) {
+    phases_.push_back({running_, elapsed, peakKiB()});
   } else {
-    entry->second += elapsed;
+    entry->seconds += elapsed;
   }
   running_.clear();
 }
 
 std::string PhaseTimes::summary() const {
   std::string text;
-  for (const auto& [phase, time] : seconds_) {
-    char number[32];
-    std::snprintf(number, sizeof number, "%.3f", time);
-    text += (text.empty() ? "" : ", ") + phase + " " + number + " s";
+  for (const Phase& phase : phases_) {
+    char line[96];
+    std::snprintf(line, sizeof line, "%s %.3f s (peak %ld MB)", phase.name.c_str(), phase.seconds,
+                  phase.peakKiB / 1024);
+    text += (text.empty() ? "" : ", ") + std::string(line);
   }
   return text;
 }

@@ -1,7 +1,7 @@
 // RecordWeld: numbers equal records of a fixed number of 32-bit words in the order they first
-// appear, the way writers share a vertex or a texture coordinate among the corners that agree on
-// it bit for bit. An open-addressing table of indices over one flat array of the records, so a
-// record costs its own words and about eight bytes of table.
+// appear, the way writers number the positions of points that agree on them bit for bit. An
+// open-addressing table of tagged indices over one flat array of the records, so a record costs
+// its own words and about sixteen to thirty-two bytes of table.
 #pragma once
 
 #include <cstddef>
@@ -21,15 +21,15 @@ class RecordWeld {
   const uint32_t* record(size_t index) const { return records_.data() + index * width_; }
 
  private:
-  size_t hash(const uint32_t* record) const;
+  uint64_t hash(const uint32_t* record) const;
   bool equal(uint32_t index, const uint32_t* record) const;
   void grow();
 
-  static constexpr uint32_t kEmpty = 0xffffffffu;
+  static constexpr uint64_t kEmpty = 0;
 
   size_t width_;
   std::vector<uint32_t> records_;
-  std::vector<uint32_t> table_;  // indices of records; a power of two, at most half full
+  std::vector<uint64_t> table_;  // tagged indices of records; a power of two, at most half full
 };
 
 }  // namespace mv

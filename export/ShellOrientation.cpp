@@ -27,7 +27,7 @@ int positionCycle(const MeshPolygon& polygon, const std::vector<uint32_t>& posit
 // Points equal in single precision, as files store them, share one position number; -0 and +0
 // are equal.
 std::vector<uint32_t> positionNumbers(const MeshData& mesh) {
-  RecordWeld positions(3, mesh.points.size() / 2);
+  RecordWeld positions(3, mesh.points.size());
   std::vector<uint32_t> numbers(mesh.points.size());
   for (size_t i = 0; i < mesh.points.size(); ++i) {
     const float value[3] = {float(mesh.points[i].x) + 0.0f, float(mesh.points[i].y) + 0.0f,

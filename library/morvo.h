@@ -126,7 +126,6 @@
 
 // scene
 #include "scene/Chunk.h"
-#include "scene/ClassicKinds.h"
 #include "scene/MvrBranchRecord.h"
 #include "scene/MvrCall.h"
 #include "scene/MvrColor.h"

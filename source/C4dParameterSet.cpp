@@ -6,7 +6,7 @@
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
 #include "source/C4dObject.h"
-#include "source/InterimCurveType.h"
+#include "source/CurveDataType.h"
 #include "source/MatrixConversion.h"
 #include "source/PluginIds.h"
 
@@ -229,11 +229,11 @@ Matrix C4dParameterSet::worldMatrix(BaseObject* object) {
 
 mv::CurveParam* C4dParameterSet::curveIn(BaseContainer* container, int id) {
   if (container == nullptr) return nullptr;
-  return static_cast<InterimCurve*>(container->GetCustomDataType(id, ID_CURVE_DATA_TYPE));
+  return static_cast<CurveDataType*>(container->GetCustomDataType(id, ID_CURVE_DATA_TYPE));
 }
 
 bool C4dParameterSet::storeCurve(BaseContainer* container, int id, const mv::CurveParam& curve) {
   if (container == nullptr) return false;
-  container->SetData(id, GeData(ID_CURVE_DATA_TYPE, InterimCurve(curve)));
+  container->SetData(id, GeData(ID_CURVE_DATA_TYPE, CurveDataType(curve)));
   return container->GetCustomDataType(id, ID_CURVE_DATA_TYPE) != nullptr;
 }

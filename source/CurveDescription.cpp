@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "source/CurveStrings.h"
+#include "host/GeResource.h"
 #include "source/CurveSubParameters.h"
 #include "source/CurveUnit.h"
 
@@ -27,9 +27,9 @@ CurveDescriptionEntry entry(int32_t number, CurveDescriptionEntry::Kind kind,
 // The name of a field of a point: its own strings on the two end points, "[n] " and a label on
 // the inner points, n being the id less one.
 std::string pointName(const CurvePoint& point, int32_t first, int32_t last, int32_t other) {
-  if (point.id == 0) return CurveStrings::text(first);
-  if (point.id == 1) return CurveStrings::text(last);
-  return "[" + std::to_string(point.id - 1) + "] " + CurveStrings::text(other);
+  if (point.id == 0) return GeLoadString(first);
+  if (point.id == 1) return GeLoadString(last);
+  return "[" + std::to_string(point.id - 1) + "] " + GeLoadString(other);
 }
 
 CurveDescriptionEntry control(const CurvePoint& point, int32_t field, int32_t first, int32_t last,
@@ -49,11 +49,11 @@ std::vector<CurveDescriptionEntry> CurveDescription::entries(const CurveParam& c
   std::vector<CurveDescriptionEntry> result;
   for (auto [number, name] : {std::pair{CurveSubParameters::kMaximum, 10032},
                               std::pair{CurveSubParameters::kMinimum, 10034}}) {
-    result.push_back(entry(number, CurveDescriptionEntry::KindReal, CurveStrings::text(name)));
+    result.push_back(entry(number, CurveDescriptionEntry::KindReal, GeLoadString(name)));
     result.back().integers = {{kKeyUnit, code}, {kKeyAnimate, 0}};
   }
-  result.push_back(entry(CurveSubParameters::kExpression, CurveDescriptionEntry::KindText,
-                         CurveStrings::text(10053)));
+  result.push_back(
+      entry(CurveSubParameters::kExpression, CurveDescriptionEntry::KindText, GeLoadString(10053)));
   std::vector<const CurvePoint*> points;
   for (int index = 0; index < curve.getPointCount(); ++index)
     points.push_back(curve.getPoint(index));
@@ -79,7 +79,7 @@ void CurveDescription::addPointEntries(const CurvePoint& point, int32_t unitCode
                           pointName(point, 10037, 10038, 10039)));
   entries.back().integers[kKeyAnimate] = 0;
   for (int32_t type = mv::PointCorner; type <= mv::PointFree; ++type) {
-    entries.back().choices.emplace_back(type, CurveStrings::text(10095 + type));
+    entries.back().choices.emplace_back(type, GeLoadString(10095 + type));
   }
   if (point.type <= mv::PointSmooth) return;
   if (point.id != 0) {

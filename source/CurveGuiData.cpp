@@ -8,13 +8,13 @@
 #include "source/CurveDataType.h"
 #include "source/CurveDataTypeClass.h"
 #include "source/CurveStorage.h"
-#include "source/CurveStrings.h"
 #include "source/iCurveGui.h"
 
 namespace {
 
 constexpr Int32 kTypeInfo = 7;
 constexpr Int32 kGuiInfo = 1;
+constexpr Int32 kTypeName = 10028;  // the resource string that names the type
 constexpr Int32 kLibraryVersion = 1000;
 
 }  // namespace
@@ -38,7 +38,7 @@ Int32 CurveGuiData::GetResourceDataType(Int32*& table) {
 }
 
 Bool RegisterCurveDataType() {
-  const String name = GeLoadString(CurveStrings::kTypeName);
+  const String name = GeLoadString(kTypeName);
   if (name.empty()) return true;
   RegisterDescription(CURVE_TYPE_ID, "Dcurve");
   if (!RegisterCustomDataTypePlugin(name, kTypeInfo, new CurveDataTypeClass,

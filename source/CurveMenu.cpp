@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "core/MathConstants.h"
+#include "host/GeResource.h"
 #include "source/CurveLimits.h"
-#include "source/CurveStrings.h"
 #include "source/CurveUnit.h"
 
 using mv::CurveParam;
@@ -66,7 +66,7 @@ const Preset* findPreset(Int32 id) {
 }
 
 std::string mark(Int32 text, bool checked, bool greyed = false) {
-  return CurveStrings::text(text) + (checked ? kChecked : "") + (greyed ? kGreyed : "");
+  return GeLoadString(text) + (checked ? kChecked : "") + (greyed ? kGreyed : "");
 }
 
 // The fixed-limit settings of the entries 900028 to 900031.
@@ -76,7 +76,7 @@ constexpr Int32 kFixedSettings[] = {3, 2, 1, 0};
 
 BaseContainer CurveMenu::valuePresets(const CurveParam& curve, Int32 unit) {
   BaseContainer presets;
-  presets.SetString(kTitle, CurveStrings::text(10075));
+  presets.SetString(kTitle, GeLoadString(10075));
   for (const Preset& preset : kPresets) {
     const std::string text = presetText(preset, unit);
     if (text.empty()) continue;
@@ -90,7 +90,7 @@ BaseContainer CurveMenu::forPoint(const CurveParam& curve, Int32 id, Int32 unit)
   BaseContainer menu;
   menu.SetString(kDelete, mark(10074, false, id < 2));
   BaseContainer types;
-  types.SetString(kTitle, CurveStrings::text(10094));
+  types.SetString(kTitle, GeLoadString(10094));
   const Int32 type = curve.getPointType(id);
   for (Int32 kind = mv::PointCorner; kind <= mv::PointFree; ++kind) {
     types.SetString(kTypeCorner + kind,
@@ -105,9 +105,9 @@ BaseContainer CurveMenu::forPoint(const CurveParam& curve, Int32 id, Int32 unit)
 BaseContainer CurveMenu::forSpace(const CurveParam& curve) {
   BaseContainer menu;
   BaseContainer add;
-  add.SetString(kTitle, CurveStrings::text(10089));
+  add.SetString(kTitle, GeLoadString(10089));
   for (Int32 kind = mv::PointCorner; kind <= mv::PointFree; ++kind) {
-    add.SetString(kAddCorner + kind, CurveStrings::text(10090 + kind));
+    add.SetString(kAddCorner + kind, GeLoadString(10090 + kind));
   }
   menu.SetContainer(kAddPoint, add);
   addCommonEntries(curve, menu);
@@ -118,13 +118,13 @@ void CurveMenu::addCommonEntries(const CurveParam& curve, BaseContainer& menu) {
   menu.SetString(kSeparator, "");
   menu.SetString(kToPoints, mark(10099, false, !curve.hasExpression()));
   BaseContainer limits;
-  limits.SetString(kTitle, CurveStrings::text(10100));
+  limits.SetString(kTitle, GeLoadString(10100));
   for (Int32 row = 0; row < 4; ++row) {
     limits.SetString(kFixedBoth + row,
                      mark(10101 + row, curve.fixedLimits() == kFixedSettings[row]));
   }
   menu.SetContainer(kFixedLimits, limits);
-  menu.SetString(kFitLimits, CurveStrings::text(10107));
+  menu.SetString(kFitLimits, GeLoadString(10107));
 }
 
 bool CurveMenu::contains(const BaseContainer& menu, Int32 choice) {

@@ -14,12 +14,13 @@
 #include "source/C4dMessageHandler.h"
 #include "source/C4dProgressHandler.h"
 #include "source/CurvatureSplineData.h"
+#include "source/CurveGuiData.h"
 #include "source/DeviationObject.h"
 #include "source/HydraObject.h"
 #include "source/InstanceProgress.h"
-#include "source/InterimCurveType.h"
 #include "source/MGrassTag/MGrassTagData.h"
 #include "source/MorvoTagData.h"
+#include "source/MvrLoader.h"
 #include "source/PhyllotaxisObject.h"
 #include "source/PluginIds.h"
 #include "source/Toolbar.h"
@@ -94,7 +95,7 @@ constexpr Int32 kDataTagInfo = TAG_VISIBLE | TAG_HIERARCHICAL | PLUGINFLAG_HIDE;
 
 const std::vector<RegistrationRow>& startRows() {
   static const std::vector<RegistrationRow> rows = {
-      {&RegisterInterimCurveType, "Morvo Error: no CurveDataType"},
+      {&RegisterCurveDataType, "Morvo Error: no CurveDataType"},
       {[] {
          return registerNodeClass(ID_MORVO_TAG, PluginKind::Tag, "", 10008, kDataTagInfo,
                                   &MorvoTagData::Alloc, "Tmorvodata");
@@ -145,10 +146,20 @@ const std::vector<RegistrationRow>& startRows() {
   return rows;
 }
 
+// The scene loader: its description first (a failure is printed and the registration goes on),
+// then the loader; an empty menu string counts as failure here.
+Bool registerSceneLoader() {
+  if (!RegisterDescription(MvrLoader::kDescriptionId, "Fmvrimport")) GePrint(" ! Fmvrimport ");
+  const String text = GeLoadString(10009);
+  if (text.empty()) return false;
+  return RegisterSceneLoaderPlugin(ID_MVR_LOADER, text, 0, &MvrLoader::Alloc, "Fmvrimport");
+}
+
 // Rows after the loaded line: the first that fails stops the start.
 const std::vector<RegistrationRow>& finalRows() {
   static const std::vector<RegistrationRow> rows = {
       {[] { return registerCommand(ID_ABOUT, "#$05", 10011, new About); }, ""},
+      {&registerSceneLoader, ""},
   };
   return rows;
 }

@@ -1,7 +1,7 @@
 #include "source/iCurveGui.h"
 
+#include "host/GeResource.h"
 #include "host/InputIds.h"
-#include "source/CurveStrings.h"
 #include "source/CurveUnit.h"
 
 using mv::CurvePoint;
@@ -36,7 +36,7 @@ void iCurveGui::layoutContent() {
   addFieldGroup(8, {{10065, kPointX}, {10067, kPointY}});
   addFieldGroup(8, {{10069, kMinimum}, {10071, kMaximum}});
   GroupBegin(kFieldGroup, 56, 2, 1);
-  AddStaticText(10073, 0, 0, 0, CurveStrings::text(10073));
+  AddStaticText(10073, 0, 0, 0, GeLoadString(10073));
   AddEditText(kExpression, kTextFlags, kTextWidth, kFieldHeight);
   GroupEnd();
 }
@@ -45,7 +45,7 @@ void iCurveGui::addFieldGroup(Int32 flags,
                               std::initializer_list<std::pair<Int32, Int32>> labelledFields) {
   GroupBegin(kFieldGroup, flags, static_cast<Int32>(2 * labelledFields.size()), 1);
   for (auto [label, field] : labelledFields) {
-    AddStaticText(label, 0, 0, 0, CurveStrings::text(label));
+    AddStaticText(label, 0, 0, 0, GeLoadString(label));
     AddEditNumberArrows(field, 0, kFieldWidth, kFieldHeight);
   }
   GroupEnd();

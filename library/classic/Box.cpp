@@ -5,6 +5,7 @@
 #include "classic/GridPatch.h"
 #include "classic/SolidParameters.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 
@@ -15,8 +16,8 @@ namespace {
 // Turns the top face (+z) onto each face in turn: +z, +x, -z, -x by quarter turns about y, then
 // +y and -y. The double-precision sines and cosines of those turns are part of the output.
 Matrix4 faceRotation(int face) {
-  if (face < 4) return Matrix4::rotationY(face * M_PI / 2);
-  return Matrix4::rotationX(face == 4 ? -M_PI / 2 : M_PI / 2);
+  if (face < 4) return Matrix4::rotationY(face * kHalfPi);
+  return Matrix4::rotationX(face == 4 ? -kHalfPi : kHalfPi);
 }
 
 }  // namespace

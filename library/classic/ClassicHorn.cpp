@@ -52,7 +52,7 @@ PlacementGroup standardElements(ParameterSet& params, const HornReading& r, cons
     if (steps.evaluate(x) > ++c) continue;
     c = 0;
     Matrix4 n = turned[i].matrix;
-    n.rotateX(-kPi / 2.0).rotateZ(-r.flap->evaluate(x));
+    n.rotateX(-kHalfPi).rotateZ(-r.flap->evaluate(x));
     const double s = r.scale->evaluate(x);
     n.scale({s, s, s});
     if (i == 0) continue;

@@ -42,7 +42,7 @@ int ClassicHydra::evaluate(ParameterSet& params, OGeomStream&, int roleMask,
   if (!spin || !twist || !fan || !scale) return 0;
   const double number = params.getDouble(IdHydraNumber);
   int placed = 0;
-  if (roleMask & RoleNodes && number > 1e-8) {
+  if (roleMask & RoleNodes && number > kZeroTolerance) {
     const int n = limitedCount(number, kMaxElements, "Hydra number");
     PlacementGroup group{RoleNodes, false, {}};
     group.placements.reserve(static_cast<size_t>(n));

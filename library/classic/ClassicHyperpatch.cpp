@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/MathConstants.h"
 #include "geometry/EditableMesh.h"
 
 namespace mv {
@@ -51,7 +52,7 @@ bool ClassicHyperpatch::finishMesh(ParameterSet&, EditableMesh& mesh) {
   if (!mesh.getBoundingBox(min, max)) return false;
   const Vector3 extent = max - min;
   const double size = std::max({extent.x, extent.y, extent.z, 0.0});
-  if (std::abs(size) < 1e-8) return false;
+  if (std::abs(size) < kZeroTolerance) return false;
   const int n = latticeSide(points.size());
   if (n == 0) return false;
   const Vector3 center = (min + max) * 0.5;

@@ -26,7 +26,7 @@ double sequenceParameter(int i, int n) {
 }
 
 // The extra element of a fractional number can push the argument out of the domain.
-double rowTheta(double argument) { return std::asin(std::clamp(argument, -1.0, 1.0)) + kPi / 2.0; }
+double rowTheta(double argument) { return std::asin(std::clamp(argument, -1.0, 1.0)) + kHalfPi; }
 
 }  // namespace
 
@@ -86,12 +86,12 @@ int ClassicPhiball::evaluate(ParameterSet& params, OGeomStream&, int roleMask,
   const double hi = std::max(fan->evaluate(0.0), fan->evaluate(1.0));
   walk.cosLo = std::cos(lo);
   walk.span = std::abs(std::cos(hi) - walk.cosLo);
-  const double s0 = std::sin(lo - kPi / 2.0), s1 = std::sin(hi - kPi / 2.0);
+  const double s0 = std::sin(lo - kHalfPi), s1 = std::sin(hi - kHalfPi);
   if ((s0 <= 0.0 && s1 >= 0.0) || (s0 >= 0.0 && s1 <= 0.0)) {
     walk.extent = 1.0;
     walk.base = 0.0;
   } else {
-    const double c0 = std::abs(std::cos(lo - kPi / 2.0)), c1 = std::abs(std::cos(hi - kPi / 2.0));
+    const double c0 = std::abs(std::cos(lo - kHalfPi)), c1 = std::abs(std::cos(hi - kHalfPi));
     walk.extent = c0 > c1 ? c0 : c1;
     walk.base = c0 > c1 ? s0 : s1;
   }
@@ -130,7 +130,7 @@ bool ClassicPhiball::rowsByInfluence(Walk& walk) {
     const double u = sequenceParameter(i, n);
     const double theta = rowTheta(left / total * walk.span - walk.cosLo);
     const double v = walk.scale.evaluate(u);
-    if (std::abs(v) > 1e-8) walk.place(theta, i, u, v);
+    if (std::abs(v) > kZeroTolerance) walk.place(theta, i, u, v);
     left = std::max(0.0, left - share(std::abs(v)));
     walk.phi += walk.angle.evaluate(u);
   }

@@ -6,6 +6,7 @@
 #include "classic/GridPatch.h"
 #include "classic/PhotoTurn.h"
 #include "core/BaseNode.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 #include "geometry/OGeomStream.h"
@@ -15,8 +16,6 @@
 namespace mv {
 
 namespace {
-
-constexpr double kTiny = 1e-8;
 
 // Index of the last ring: the first frame from 1 whose x reaches the growth, or the last frame.
 int lastRing(const std::vector<TreeFrame>& frames, double growth) {
@@ -70,7 +69,7 @@ void writeSweep(OGeomStream& stream, const std::vector<TreeFrame>& frames, const
                 const Spline& profile, double growth, double thickness, bool closeTip,
                 const CurveParam& displace) {
   growth = std::clamp(growth, 0.0, 1.0);
-  if (growth <= kTiny || frames.size() < 2) return;
+  if (growth <= kZeroTolerance || frames.size() < 2) return;
   const int last = lastRing(frames, growth);
   uint32_t first = 0;
   for (uint32_t segment = 0; segment < profile.getSegmentCount(); ++segment) {

@@ -21,18 +21,16 @@ namespace mv {
 
 namespace {
 
-constexpr double kTiny = 1e-8;
-
 // The constant screw of the paired arrangements: half a turn at every knot.
 const CurveParam& halfTurnScrew() {
-  static const CurveParam curve(0.0, 2.0 * kPi, kPi, kPi, "id");
+  static const CurveParam curve(0.0, kTwoPi, kPi, kPi, "id");
   return curve;
 }
 
 double flapBaseOf(int pairs, int version) {
   if (version == 2) return 0.0;
   const bool sideways = pairs == 1 || pairs == 3 || pairs == 5;
-  double flap = sideways ? -kPi / 2.0 : kPi;
+  double flap = sideways ? -kHalfPi : kPi;
   if (version >= 3 && version <= 5) flap -= kPi;
   return flap;
 }
@@ -239,7 +237,7 @@ bool ClassicTree::assignRoles(ParameterSet&, std::vector<int>& roles, int childC
 int ClassicTree::evaluate(ParameterSet& params, OGeomStream& stream, int roleMask,
                           PlacementList& placements, double) {
   const TreeReading r(params);
-  if (!r.complete() || !(r.growth >= kTiny)) return 0;
+  if (!r.complete() || !(r.growth >= kZeroTolerance)) return 0;
   std::vector<TreeSample> samples;
   std::vector<TreeFrame> frames = trunkFrames(r, path, samples);
   if (frames.empty()) return 0;

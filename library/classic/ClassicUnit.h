@@ -4,12 +4,13 @@
 
 #include <cmath>
 
+#include "core/MathConstants.h"
 #include "core/Matrix4.h"
 
 namespace mv {
 
 inline double usableUnit(double unit) {
-  return std::isfinite(unit) && std::fabs(unit) >= 1e-8 ? unit : 1.0;
+  return std::isfinite(unit) && std::fabs(unit) >= kZeroTolerance ? unit : 1.0;
 }
 
 inline Matrix4 uniformScaling(double factor) { return Matrix4::scaling({factor, factor, factor}); }

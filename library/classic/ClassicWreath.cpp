@@ -31,13 +31,13 @@ int ClassicWreath::evaluate(ParameterSet& params, OGeomStream&, int roleMask,
   const double number = params.getDouble(IdWreathNumber);
   const double radius = params.getDouble(IdWreathRadius);
   int placed = 0;
-  if (roleMask & RoleNodes && number > 1e-8) {
+  if (roleMask & RoleNodes && number > kZeroTolerance) {
     const int n = limitedCount(number, kMaxElements, "Wreath number");
     PlacementGroup group{RoleNodes, false, {}};
     group.placements.reserve(static_cast<size_t>(n));
     for (int i = 0; i < n; ++i) {
       Matrix4 m;
-      m.rotateZ(-2.0 * kPi * i / number).translate({0.0, radius, 0.0});
+      m.rotateZ(-kTwoPi * i / number).translate({0.0, radius, 0.0});
       group.placements.push_back(carryingPlacement(params, m, i / number, i, n));
     }
     placements.push_back(std::move(group));

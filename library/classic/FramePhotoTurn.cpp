@@ -4,12 +4,12 @@
 
 #include "classic/PhotoTurn.h"
 #include "classic/QuarterTurn.h"
+#include "core/MathConstants.h"
 
 namespace mv {
 
 namespace {
 
-constexpr double kTiny = 1e-8;
 constexpr double c = kQuarterTurnCosine;
 
 // The inverse quarter turns of the node's photo correction.
@@ -23,18 +23,18 @@ Matrix4 quarterTurnBack(int axis) {
 Vector3 unitZImage(const Matrix4& m) {
   const Vector3 p = m.transformPoint({0, 0, 1});
   const double w = m.at(2, 3) + m.at(3, 3);
-  return w != 1.0 && std::fabs(w) >= kTiny ? p / w : p;
+  return w != 1.0 && std::fabs(w) >= kZeroTolerance ? p / w : p;
 }
 
 Vector3 normalizedIfLong(const Vector3& v) {
   const double length = v.length();
-  return length >= kTiny ? v / length : v;
+  return length >= kZeroTolerance ? v / length : v;
 }
 
 }  // namespace
 
 Matrix4 framePhotoTurn(const Matrix4& sceneFrame, int axis, double strength, double x) {
-  if (std::fabs(strength) < kTiny) return Matrix4();
+  if (std::fabs(strength) < kZeroTolerance) return Matrix4();
   const Matrix4 r = quarterTurnBack(axis);
   const Matrix4 n = r * sceneFrame;
   const Vector3 p = n.position();

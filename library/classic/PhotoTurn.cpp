@@ -4,17 +4,17 @@
 #include <cmath>
 
 #include "classic/QuarterTurn.h"
+#include "core/MathConstants.h"
 
 namespace mv {
 
 namespace {
 
-constexpr double kTiny = 1e-8;
 constexpr double c = kQuarterTurnCosine;
 
 Vector3 normalizedIfLong(const Vector3& v) {
   const double length = v.length();
-  return length >= kTiny ? v / length : v;
+  return length >= kZeroTolerance ? v / length : v;
 }
 
 // The quarter turn that brings axis 0 or 1 to z, and its inverse; z itself needs none.
@@ -39,7 +39,7 @@ Vector3 perpendicularLight(const Vector3& light, const Vector3& axisRow) {
 }  // namespace
 
 Matrix4 photoTurn(const Matrix4& matrix, int axis, double strength, int mode) {
-  if (std::fabs(strength) < kTiny) return Matrix4();
+  if (std::fabs(strength) < kZeroTolerance) return Matrix4();
   const int row = axis == 0 || axis == 1 ? axis : 2;
   const Matrix4 r = quarterTurn(row);
   const Matrix4 n = r * matrix;
@@ -61,7 +61,7 @@ void turnTowards(Matrix4& rotation, const Matrix4& frame, const Vector3& target)
   Vector3 t = inverse.transformPoint(target);
   const double w = target.x * inverse.at(0, 3) + target.y * inverse.at(1, 3) +
                    target.z * inverse.at(2, 3) + inverse.at(3, 3);
-  if (w != 1.0 && std::fabs(w) >= kTiny) t = t / w;
+  if (w != 1.0 && std::fabs(w) >= kZeroTolerance) t = t / w;
   t = t.normalized();
   const double rho = std::hypot(t.x, t.y);
   const Matrix4 tilt = Matrix4::rotationY(std::atan2(rho, t.z));

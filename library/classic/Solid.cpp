@@ -4,6 +4,7 @@
 
 #include "classic/GridPatch.h"
 #include "classic/SolidParameters.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 
 namespace mv {
@@ -17,7 +18,7 @@ void Solid::writeRevolution(ParameterSet& params, OGeomStream& stream,
   const int slices = params.getInt(IdSlices);
   const int stacks = params.getInt(IdStacks);
   GridPatch::write(stream, slices, stacks, [&](int u, int v) {
-    const double a = -(static_cast<double>(u) / slices) * 2.0 * M_PI;
+    const double a = -(static_cast<double>(u) / slices) * kTwoPi;
     return point(a, static_cast<double>(v) / stacks);
   });
 }

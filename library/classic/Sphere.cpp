@@ -4,6 +4,7 @@
 
 #include "classic/SolidParameters.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 
 namespace mv {
@@ -21,7 +22,7 @@ std::string& Sphere::typeName(std::string& out) { return out = "Sphere"; }
 int Sphere::evaluate(ParameterSet& params, OGeomStream& stream, int, PlacementList&, double) {
   const double r = params.getDouble(IdSphereRadius);
   writeRevolution(params, stream, [r](double a, double v) {
-    const double l = (v - 0.5) * M_PI;
+    const double l = (v - 0.5) * kPi;
     return Vector3{std::sin(a) * r * std::cos(l), std::cos(a) * r * std::cos(l), r * std::sin(l)};
   });
   return RoleOther;

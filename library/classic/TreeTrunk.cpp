@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "classic/CountLimit.h"
+#include "core/MathConstants.h"
 #include "curves/CurveParam.h"
 #include "curves/CurveParamIntegration.h"
 
@@ -11,7 +12,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kTiny = 1e-8;
 constexpr double kSixtyDegrees = 1.0471975511965976;
 constexpr double kSpreadBias = 5e-6;
 
@@ -42,14 +42,15 @@ bool isFlatZero(const CurveParam& curve) {
 }
 
 bool isNearZero(const Vector3& v) {
-  return std::fabs(v.x) <= kTiny && std::fabs(v.y) <= kTiny && std::fabs(v.z) <= kTiny;
+  return std::fabs(v.x) <= kZeroTolerance && std::fabs(v.y) <= kZeroTolerance &&
+         std::fabs(v.z) <= kZeroTolerance;
 }
 
 // Removes the y part of w's first row by a turn about z, applied to the walker and the frame.
 void level(Matrix4& walker, Matrix4& frame) {
   const double w0 = walker.at(0, 0), w1 = walker.at(0, 1);
   const double d = std::sqrt(w0 * w0 + w1 * w1);
-  if (d <= kTiny) return;
+  if (d <= kZeroTolerance) return;
   const Matrix4 r = Matrix4::fromRows({w0 / d, w1 / d, 0}, {-w1 / d, w0 / d, 0}, {0, 0, 1}, {});
   walker = walker * transposed(r);
   frame = r * frame;
@@ -65,7 +66,7 @@ std::vector<double> TreeTrunk::branchPositions(const CurveParam& curve, double b
   if (m < 1) return {};
   CurveParamIntegration integration(&curve);
   const double total = integration.integrate(0.0, 1.0);
-  if (!(std::fabs(total) > 1e-6)) return {};
+  if (!(std::fabs(total) > kIntegralTolerance)) return {};
   std::vector<double> positions;
   positions.reserve(static_cast<size_t>(m) + 1);
   positions.push_back(0.0);
@@ -108,11 +109,11 @@ std::vector<TreeSample> TreeTrunk::insertSamples(const std::vector<double>& posi
 
 Matrix4 TreeTrunk::alignToZ(const Vector3& v) {
   const double l = v.length();
-  if (!(l >= kTiny)) return Matrix4();
+  if (!(l >= kZeroTolerance)) return Matrix4();
   const double d = std::sqrt(v.y * v.y + v.z * v.z);
   Matrix4 x;
   double xx = v.x, zz = v.z;
-  if (d > kTiny) {
+  if (d > kZeroTolerance) {
     x = Matrix4::fromRows({1, 0, 0}, {0, v.z / d, -v.y / d}, {0, v.y / d, v.z / d}, {});
     zz = d;
   }
@@ -173,7 +174,8 @@ void TreeTrunk::bend(const std::vector<TreeSample>& wander, std::vector<Vector3>
       Vector3 q = unbend.transformPoint(unbent);
       const CurveParam& kruschtl = *settings_.kruschtl;
       const double k = std::clamp(kruschtl.evaluate(u), kruschtl.minimum(), kruschtl.maximum());
-      if (std::fabs(k) > kTiny) q += Vector3{std::sin(screwSum) * k, std::cos(screwSum) * k, 0};
+      if (std::fabs(k) > kZeroTolerance)
+        q += Vector3{std::sin(screwSum) * k, std::cos(screwSum) * k, 0};
       points[i] = bent.transformPoint(q);
     } else if (i > 0) {
       knotScrew += screw.evaluate(u);
@@ -185,7 +187,7 @@ void TreeTrunk::bend(const std::vector<TreeSample>& wander, std::vector<Vector3>
       turn.setRow(3, q);
       bent = turn * bent;
       const double dv = std::clamp(settings_.deviate->evaluate(u), 0.0, 1.0) * sign;
-      if (std::fabs(dv) > kTiny) {
+      if (std::fabs(dv) > kZeroTolerance) {
         bent = eulerStep(eulerStep(bent, 0, 0, knotScrew), -dv * kSixtyDegrees, 0, -knotScrew);
       }
       points[i] = bent.position();

@@ -153,7 +153,7 @@ Operand Parser::operand(const std::vector<std::string_view>& tokens, size_t& i,
     if (!inner.atom) return {};
     result = wrapped(std::make_unique<ExprParenthesis>(std::move(inner.atom)), inner.depth);
   }
-  if (result.depth > Expression::kMaxDepth) return {};
+  if (result.depth > Expression::kMaxTreeDepth) return {};
   return result;
 }
 
@@ -173,7 +173,7 @@ Operand Parser::fold(std::vector<Operand>& atoms, std::vector<int>& ranks) {
       }
       Operand& left = keptAtoms.back();
       left.depth = std::max(left.depth, atoms[i + 1].depth) + 1;
-      if (left.depth > Expression::kMaxDepth) return {};
+      if (left.depth > Expression::kMaxTreeDepth) return {};
       left.atom = combine(ranks[i], std::move(left.atom), std::move(atoms[i + 1].atom));
     }
     atoms.swap(keptAtoms);

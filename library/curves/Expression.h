@@ -6,7 +6,8 @@
 //
 // Copies share the tree, which is freed with its last holder, and two expressions are equal
 // exactly when they hold the same tree, whatever their texts. Texts nested deeper than kMaxDepth
-// (parentheses or chained operators) are refused, so no input can exhaust the stack.
+// (parentheses, functions, signs) are refused; a chain of operators may be long, up to a tree
+// depth of kMaxTreeDepth, so that no input can exhaust the stack when the tree is evaluated.
 #pragma once
 
 #include <memory>
@@ -20,6 +21,7 @@ namespace mv {
 class Expression {
  public:
   static constexpr int kMaxDepth = 256;
+  static constexpr int kMaxTreeDepth = 8192;
 
   Expression() = default;
   virtual ~Expression() = default;

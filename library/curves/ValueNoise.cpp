@@ -29,7 +29,7 @@ double ValueNoise::noise(double x) const {
   for (int step = 0; step < 4; ++step) {
     const double k = base + step;
     const double d = std::fabs(k - x);
-    const double w = d >= 2.0 ? 0.0 : (std::cos(d * kPi / 2.0) + 1.0) / 2.0;
+    const double w = d >= 2.0 ? 0.0 : (std::cos(d * kHalfPi) + 1.0) / 2.0;
     weightSum += w;
     valueSum += w * table_[tableIndex(k)];
   }

@@ -78,7 +78,7 @@ double stepParameter(const Walk& walk, long i) {
 // One step in the walker's own frame: each new transform multiplies from the left.
 void takeStep(const Walk& walk, const WalkCurves& curves, long i, double up, Matrix4& m) {
   const double w = i - walk.steps > 0.0 ? 1.0 - (i - walk.steps) : 1.0;  // short last step
-  const double k = std::sin(w * kPi / 2.0);
+  const double k = std::sin(w * kHalfPi);
   const double a = walk.angleStep, step = walk.moveStep;
   m.rotateX(-(curves.rotateX->evaluate(up) * k) * a);
   m.rotateY(curves.rotateY->evaluate(up) * k * a);

@@ -1,4 +1,5 @@
 #include "geometry/Spline.h"
+#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,9 +9,7 @@ namespace mv {
 namespace {
 
 constexpr double kTinyComponent = 1e-10;  // below this a direction is left as it is
-constexpr double kZero = 1e-8;            // lengths and angles that count as zero
 constexpr double kFarAway = 1e38;
-constexpr double kTwoPi = 6.283185307179586476925;
 
 bool allComponentsAtMost(const Vector3& v, double limit) {
   return std::fabs(v.x) <= limit && std::fabs(v.y) <= limit && std::fabs(v.z) <= limit;
@@ -26,9 +25,9 @@ Vector3 normalizedUnlessTiny(const Vector3& v) {
 Matrix4 carriedFrame(const Vector3& tangent, const Matrix4& reference, const Vector3& position) {
   const Vector3 z = normalizedUnlessTiny(tangent);
   Vector3 w = reference.row(1).cross(z);
-  if (allComponentsAtMost(w, kZero)) {  // tangent along the reference's y axis
+  if (allComponentsAtMost(w, kZeroTolerance)) {  // tangent along the reference's y axis
     w = reference.row(0);
-    if (allComponentsAtMost(w, kZero)) w = {1, 0, 0};
+    if (allComponentsAtMost(w, kZeroTolerance)) w = {1, 0, 0};
   }
   const Vector3 y = normalizedUnlessTiny(z.cross(w));
   const Vector3 x = normalizedUnlessTiny(y.cross(z));
@@ -40,7 +39,7 @@ Matrix4 angleFrame(const Vector3& tangent, const Vector3& position) {
   const Vector3 z = normalizedUnlessTiny(tangent);
   const double theta = std::acos(std::clamp(z.z, -1.0, 1.0));
   Matrix4 frame;
-  if (theta > kZero) {
+  if (theta > kZeroTolerance) {
     double px = z.x, py = z.y;
     if (std::fabs(px) > kTinyComponent || std::fabs(py) > kTinyComponent) {
       const double planar = std::hypot(px, py);

@@ -14,7 +14,7 @@ CurveParam constantCurve(double minimum, double maximum, double value) {
 
 // Thickness falls from 1 to 0 as a quarter cosine, kept as five smooth points.
 CurveParam defaultThickness() {
-  CurveParam curve(-kPi, kPi, 0.0, kPi / 2.0, "cos");
+  CurveParam curve(-kPi, kPi, 0.0, kHalfPi, "cos");
   curve.resample(5, PointSmooth);
   return curve;
 }
@@ -22,11 +22,11 @@ CurveParam defaultThickness() {
 void writeCurves(ParameterSet& params) {
   params.setCurve(Branch::thickness, defaultThickness());
   params.setCurve(Branch::nodeGrowth, CurveParam(0.0, 1.0, 0.5, 0.5, 0.0, PointSmooth));
-  params.setCurve(Branch::nodeAngle, constantCurve(0.0, kPi, kPi / 2.0));
-  params.setCurve(Branch::nodeFlap, constantCurve(-kPi / 2.0, kPi, 0.0));
+  params.setCurve(Branch::nodeAngle, constantCurve(0.0, kPi, kHalfPi));
+  params.setCurve(Branch::nodeFlap, constantCurve(-kHalfPi, kPi, 0.0));
   params.setCurve(Branch::nodeDistribution, CurveParam(0.0, 1.0, 0.0, 0.5, 0.2, PointCorner));
   params.setCurve(Branch::nodeScale, constantCurve(0.0, 4.0, 1.0));
-  params.setCurve(Branch::nodeScrew, constantCurve(0.0, 2.0 * kPi, Branch::kGoldenScrew));
+  params.setCurve(Branch::nodeScrew, constantCurve(0.0, kTwoPi, Branch::kGoldenScrew));
   params.setCurve(Branch::nodeDensity, constantCurve(0.0, 4.0, 1.0));
 }
 
@@ -85,8 +85,8 @@ bool Branch::applyNodeArrangement(ParameterSet& params, int arrangement) {
   if (arrangement < 1 || arrangement > 6) return false;
   const bool halfFlap = arrangement % 2 == 0;
   const double screw = arrangement <= 2 ? kGoldenScrew : kPi;
-  params.setCurve(nodeFlap, constantCurve(-kPi, 2.0 * kPi, halfFlap ? kPi / 2.0 : kPi));
-  params.setCurve(nodeScrew, constantCurve(0.0, 2.0 * kPi, screw));
+  params.setCurve(nodeFlap, constantCurve(-kPi, kTwoPi, halfFlap ? kHalfPi : kPi));
+  params.setCurve(nodeScrew, constantCurve(0.0, kTwoPi, screw));
   params.setInt(nodeWhorl, 1);
   params.setInt(nodeMode, arrangement >= 5 ? 1 : 0);
   params.setInt(nodeArrangement, arrangement);

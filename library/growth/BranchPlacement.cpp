@@ -15,8 +15,6 @@
 namespace mv {
 namespace {
 
-constexpr double kZero = 1e-8;
-
 // Everything the placement step reads before it walks the segments.
 struct BranchInputs {
   int roleMask = 0;
@@ -137,7 +135,7 @@ bool clipEndsWalk(const BranchInputs& in, const Placement& prev, const Matrix4& 
   const Vector3 from = in.world.transformPoint(prev.matrix.position());
   const Vector3 d = in.world.transformPoint(frame.position()) - from;
   const double length = d.length();
-  if (!(length > kZero)) return false;  // no direction to ask along
+  if (!(length > kZeroTolerance)) return false;  // no direction to ask along
   const double t = in.clip->rayDistance(from, d, true);
   if (!(t > 0.0)) return false;
   if (t <= 0.0001) {
@@ -155,7 +153,7 @@ bool settleRing(const Placement& prev, const Matrix4& frame, double x, uint32_t 
   if (x <= seg.end || i == 0) {
     ring.matrix = frame;
     ring.position = x;
-    return seg.end - x < kZero;
+    return seg.end - x < kZeroTolerance;
   }
   const double span = x - prev.position;
   const double s = span != 0.0 ? clampUnit((seg.end - prev.position) / span) : 0.0;
@@ -227,7 +225,7 @@ std::vector<Placement> spreadNodes(const BranchInputs& in, const GrownSegment& s
   std::vector<Placement> nodes;
   CurveParamIntegration distribution(in.nodeDistribution);
   const double total = distribution.integrate(0.0, 1.0);
-  if (!(std::fabs(total) > 1e-6)) return nodes;
+  if (!(std::fabs(total) > kIntegralTolerance)) return nodes;
   const double step = total / (in.nodeNumber + 1.0);
   const int count = static_cast<int>(std::floor(in.nodeNumber));
   double x = 0.0;
@@ -249,7 +247,7 @@ void appendWhorl(const BranchInputs& in, const Placement& node, double screw, do
   if (in.whorl < 1) out.push_back(node);
   for (int k = 0; k < in.whorl; ++k) {
     out.push_back(node);
-    turn(out.back().matrix, k * 2.0 * kPi / in.whorl - screw, angle, flap);
+    turn(out.back().matrix, k * kTwoPi / in.whorl - screw, angle, flap);
   }
 }
 
@@ -308,7 +306,7 @@ int endPass(const BranchInputs& in, const GrownSegment& seg, uint32_t segments,
             PlacementList& out) {
   PlacementGroup group;
   group.role = RoleEnd;
-  if (!seg.closed && seg.end > kZero) {
+  if (!seg.closed && seg.end > kZeroTolerance) {
     Placement end;
     in.path->getAngleFrame(seg.end, seg.index, true, end.matrix);
     end.carriedThickness = in.thicknessCurved
@@ -358,7 +356,7 @@ int Branch::computePlacements(ParameterSet& params, int roleMask, PlacementList&
   for (uint32_t c = 0; c < segments; ++c) {
     GrownSegment seg;
     const double g = in.growth * segments - c;
-    if (g < kZero) break;  // this and every later segment has not grown
+    if (g < kZeroTolerance) break;  // this and every later segment has not grown
     seg.index = c;
     seg.start = start;
     seg.pointCount = in.path->getSegmentPointCount(c);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "curves/CurveParam.h"
 #include "geometry/OGeomStream.h"
 #include "geometry/Spline.h"
@@ -101,10 +102,10 @@ void writeCaps(OGeomStream& stream, const ProfileSegment& profile, const Placeme
   if (outline.size() < 3 || !caps.thickness) return;
   const Placement& first = group.placements.front();
   const Placement& last = group.placements.back();
-  if (caps.start && std::fabs(caps.thickness->evaluate(0.0)) > 1e-8) {
+  if (caps.start && std::fabs(caps.thickness->evaluate(0.0)) > kZeroTolerance) {
     writeCap(stream, outline, first.matrix, "C1");
   }
-  if (caps.end && std::fabs(caps.thickness->evaluate(last.position)) > 1e-8) {
+  if (caps.end && std::fabs(caps.thickness->evaluate(last.position)) > kZeroTolerance) {
     outline.assign(profile.points.rbegin(), profile.points.rend());
     writeCap(stream, outline, last.matrix, "C2");
   }

@@ -14,8 +14,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kZeroIntegral = 1e-6;
-
 // A parameter with a frame: a point of the spline, a node, or a link of the chain.
 struct DevFrame {
   double x;
@@ -54,7 +52,7 @@ std::vector<DevFrame> nodeFrames(const Spline& spline, uint32_t segment, const O
   std::vector<DevFrame> nodes;
   CurveParamIntegration area(owner.distribution);
   const double total = area.integrate(0.0, 1.0);
-  if (!(std::fabs(total) > kZeroIntegral)) return nodes;
+  if (!(std::fabs(total) > kIntegralTolerance)) return nodes;
   const double step = total / (owner.nodeNumber + 1.0);
   const long count = static_cast<long>(std::floor(owner.nodeNumber));
   double x = 0.0;

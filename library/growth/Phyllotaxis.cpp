@@ -57,7 +57,7 @@ bool readInputs(ParameterSet& params, PhyllotaxisInputs& in) {
   in.inheritedGrowth = params.getDouble(IdCarriedGrowth);
   in.inheritedThickness = params.getDouble(IdCarriedThickness);
   const bool complete = in.divergence && in.scale && in.nodeGrowth && in.profile &&
-                        (in.tilt || in.followPath) && in.number >= 1e-8;
+                        (in.tilt || in.followPath) && in.number >= kZeroTolerance;
   if (!complete) messageSink.error("Parameter Retrieval failed!");
   return complete;
 }
@@ -105,7 +105,7 @@ double scaleSum(const PhyllotaxisInputs& in, const Sequence& seq) {
 // The profile's frame re-dealt to the element's axes, then turned about the axis by d.
 Matrix4 followFrame(const Matrix4& frame, double d) {
   const Matrix4 deal = Matrix4::fromRows({0, -1, 0}, {0, 0, -1}, {1, 0, 0}, {0, 0, 0});
-  return deal * frame * Matrix4::rotationZ(kPi / 2.0 - d);
+  return deal * frame * Matrix4::rotationZ(kHalfPi - d);
 }
 
 // Tilted about x, stood at the profile point's distance from the axis and height, carried

@@ -18,7 +18,7 @@ PhyllotaxisIntegration::PhyllotaxisIntegration(const Spline* profile) {
     double t = 0.0;
     Vector3 p;
     if (!profile->getPoint(i, t, p) || std::isnan(t)) continue;  // NaN would break the order
-    circumference.emplace(t, 2.0 * kPi * std::sqrt(p.x * p.x + p.y * p.y));
+    circumference.emplace(t, kTwoPi * std::sqrt(p.x * p.x + p.y * p.y));
   }
   table_.assign(circumference.begin(), circumference.end());
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/BaseNode.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
@@ -15,7 +16,6 @@ namespace mv {
 namespace {
 
 constexpr double kTinyComponent = 1e-10;
-constexpr double kZero = 1e-8;
 
 bool isTiny(const Vector3& v) {
   return std::fabs(v.x) <= kTinyComponent && std::fabs(v.y) <= kTinyComponent &&
@@ -77,7 +77,7 @@ Matrix4 stepTurn(const Bend& bend, const Vector3& p0, const Vector3& s, double x
   const Vector3 axis = s.cross(v);
   // A step of no length has no axis to turn about, and a strength that is not a number gives no
   // angle: either way the step stays in place.
-  if (!(angle > kZero) || isTiny(axis)) return Matrix4();
+  if (!(angle > kZeroTolerance) || isTiny(axis)) return Matrix4();
   return Matrix4::translation(-p0) * axisRotation(normalize(axis), angle) *
          Matrix4::translation(p0);
 }
@@ -127,7 +127,7 @@ bool Tropism::deformSpline(ParameterSet& params, Spline& spline, const Matrix4& 
     messageSink.error("Parameter Retrieval failed!");
     return false;
   }
-  if (!(growth > kZero)) return true;  // nothing has grown, so nothing is there to bend
+  if (!(growth > kZeroTolerance)) return true;  // nothing has grown, so nothing is there to bend
   CurveParamIntegration integration(strength);
   BaseNode* target = params.getNode(tropismTarget);
   Bend bend{params.getInt(tropismMode), {0, 0, 1},    Matrix4(),   nullptr, toWorld,

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 
 namespace mv {
@@ -105,8 +106,9 @@ std::map<double, double> MvrCurveConversion::knotCurve(const std::vector<Vector3
   std::map<double, double> keys;
   if (knots.empty()) return keys;
   const double y = knots.front().y;
-  const bool flat = std::all_of(knots.begin(), knots.end(),
-                                [y](const Vector3& k) { return std::fabs(k.y - y) <= 1e-8; });
+  const bool flat = std::all_of(knots.begin(), knots.end(), [y](const Vector3& k) {
+    return std::fabs(k.y - y) <= kZeroTolerance;
+  });
   if (flatten && flat) return {{0.0, y}, {1.0, y}};
   for (const Vector3& knot : knots) keys[knot.x] = knot.y;
   return keys;

@@ -5,10 +5,19 @@
 #include <sstream>
 #include <vector>
 
+#include "classic/Attractor.h"
 #include "classic/AttractorPrim.h"
 #include "classic/Box.h"
+#include "classic/ClassicHydra.h"
+#include "classic/ClassicHyperpatch.h"
+#include "classic/ClassicLeaf.h"
 #include "classic/ClassicNodeParameters.h"
+#include "classic/ClassicPhiball.h"
+#include "classic/ClassicPrune.h"
+#include "classic/ClassicRevo.h"
 #include "classic/ClassicSimple.h"
+#include "classic/ClassicTree.h"
+#include "classic/ClassicWreath.h"
 #include "classic/Disk.h"
 #include "classic/Plane.h"
 #include "classic/SolidCone.h"
@@ -17,7 +26,7 @@
 #include "classic/Sphere.h"
 #include "core/MessageSink.h"
 #include "geometry/SplineData.h"
-#include "scene/ClassicKinds.h"
+#include "growth/Variation.h"
 
 namespace mv {
 
@@ -32,6 +41,26 @@ enum VariationParameterId : int {
 
 // Circle splines of more points than this only come from broken files.
 constexpr int kMaxCirclePoints = 1 << 16;
+
+ClassicSpline classicPath(const MvrPath& path) {
+  ClassicSpline spline;
+  spline.keys = path;
+  return spline;
+}
+
+// A profile of fewer than two points makes no surface.
+void warnAboutProfile(const std::vector<Vector3>& points) {
+  if (points.size() >= 2) return;
+  messageSink.warning("A Revo needs at least two profile points; it has " +
+                      std::to_string(points.size()) + " and makes no surface");
+}
+
+// A lattice of another size than 2, 3, 4 or 5 points per axis leaves the mesh as it is.
+void warnAboutLattice(const std::vector<Vector3>& points) {
+  if (ClassicHyperpatch::latticeSide(points.size()) != 0) return;
+  messageSink.warning("A Hyperpatch needs 8, 27, 64 or 125 control points; it has " +
+                      std::to_string(points.size()) + " and leaves its objects undeformed");
+}
 
 std::string numberText(double value) {
   std::ostringstream out;
@@ -240,7 +269,7 @@ std::string MvrSceneLoader::createAttractorPrim(const std::string& name, const M
 std::string MvrSceneLoader::createVariation(const std::string& name, int kind, int seed,
                                             int index) {
   messageSink.debug("createVariation");
-  const Created created = createNode(name, Matrix4(), makeKind("Variation"));
+  const Created created = createNode(name, Matrix4(), new (std::nothrow) Variation());
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setInt(IdVariationKind, kind);
@@ -250,40 +279,48 @@ std::string MvrSceneLoader::createVariation(const std::string& name, int kind, i
 }
 
 std::string MvrSceneLoader::createClassicSimple(const MvrHeader& header) {
-  return createClassic("createClassicSimple(" + header.name + ")", header, "ClassicSimple").name;
+  return createClassic("createClassicSimple(" + header.name + ")", header,
+                       new (std::nothrow) ClassicSimple())
+      .name;
 }
 
 std::string MvrSceneLoader::createClassicPruning(const MvrHeader& header, int method) {
-  const Created created =
-      createClassic("createClassicPruning(" + header.name + ")", header, "ClassicPrune");
+  const Created created = createClassic("createClassicPruning(" + header.name + ")", header,
+                                        new (std::nothrow) ClassicPrune());
   if (created.node) created.node->parameters().setInt(IdPruneMethod, method);
   return created.name;
 }
 
 std::string MvrSceneLoader::createClassicAttractor(const MvrHeader& header) {
-  return createClassic("createClassicAttractor(" + header.name + ")", header, "Attractor").name;
+  return createClassic("createClassicAttractor(" + header.name + ")", header,
+                       new (std::nothrow) Attractor())
+      .name;
 }
 
 std::string MvrSceneLoader::createClassicSimpleAttractor(const MvrHeader& header) {
-  const Created created =
-      createClassic("createClassicSimpleAttractor(" + header.name + ")", header, "Attractor");
+  const Created created = createClassic("createClassicSimpleAttractor(" + header.name + ")", header,
+                                        new (std::nothrow) Attractor());
   if (created.node) setAttractorSet(created.node->parameters(), header);
   return created.name;
 }
 
 std::string MvrSceneLoader::createClassicHyperpatch(const MvrHeader& header,
                                                     const std::vector<Vector3>& patchPoints) {
-  const Created created = createClassic("createClassicHyperpatch", header, "ClassicHyperpatch");
-  setPoints(created, "ClassicHyperpatch", patchPoints);
+  warnAboutLattice(patchPoints);
+  auto* patch = new (std::nothrow) ClassicHyperpatch();
+  if (patch) patch->points = patchPoints;
+  const Created created = createClassic("createClassicHyperpatch", header, patch);
   return created.name;
 }
 
 std::string MvrSceneLoader::createClassicRevo(const MvrHeader& header, const std::string& primitive,
                                               const std::vector<Vector3>& profile,
                                               const CurveParam& displace) {
-  const Created created = createClassic("createClassicRevo", header, "ClassicRevo");
+  warnAboutProfile(profile);
+  auto* revo = new (std::nothrow) ClassicRevo();
+  if (revo) revo->points = profile;
+  const Created created = createClassic("createClassicRevo", header, revo);
   if (!created.node) return "";
-  setPoints(created, "ClassicRevo", profile);
   created.node->parameters().setCurve(IdDisplace, displace);
   setAttractorSet(created.node->parameters(), header);
   linkProfile(header, primitive, created.name);
@@ -293,7 +330,8 @@ std::string MvrSceneLoader::createClassicRevo(const MvrHeader& header, const std
 std::string MvrSceneLoader::createClassicHydra(const MvrHeader& header, double unit, double number,
                                                const CurveParam& spin, const CurveParam& twist,
                                                const CurveParam& fan, const CurveParam& scale) {
-  const Created created = createClassic("createClassicHydra", header, "ClassicHydra");
+  const Created created =
+      createClassic("createClassicHydra", header, new (std::nothrow) ClassicHydra());
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setDouble(IdHydraNumber, number);
@@ -308,7 +346,8 @@ std::string MvrSceneLoader::createClassicHydra(const MvrHeader& header, double u
 
 std::string MvrSceneLoader::createClassicWreath(const MvrHeader& header, double number,
                                                 double radius) {
-  const Created created = createClassic("createClassicWreath", header, "ClassicWreath");
+  const Created created =
+      createClassic("createClassicWreath", header, new (std::nothrow) ClassicWreath());
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setDouble(IdWreathNumber, number);
@@ -321,7 +360,8 @@ std::string MvrSceneLoader::createClassicPhiball(const MvrHeader& header, double
                                                  double number, double radius, double influence,
                                                  const CurveParam& angle, const CurveParam& fan,
                                                  const CurveParam& scale, const CurveParam& trans) {
-  const Created created = createClassic("createClassicPhiball", header, "ClassicPhiball");
+  const Created created =
+      createClassic("createClassicPhiball", header, new (std::nothrow) ClassicPhiball());
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setDouble(IdPhiballNumber, number);
@@ -337,7 +377,9 @@ std::string MvrSceneLoader::createClassicPhiball(const MvrHeader& header, double
 }
 
 std::string MvrSceneLoader::createClassicHorn(const MvrHeader& header, const MvrHornRecord& horn) {
-  const Created created = createClassic("createClassicHorn", header, "ClassicHorn");
+  auto* simple = new (std::nothrow) ClassicHorn();
+  if (simple) simple->path = classicPath(horn.path);
+  const Created created = createClassic("createClassicHorn", header, simple);
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setDouble(IdHornMoveScale, horn.moveScale);
@@ -346,14 +388,15 @@ std::string MvrSceneLoader::createClassicHorn(const MvrHeader& header, const Mvr
   params.setCurve(IdHornSteps, horn.steps);
   params.setBool(IdHornSeparator, horn.separator);
   setAttractorSet(params, header);
-  setPath(created, "ClassicHorn", horn.path);
   linkProfile(header, horn.primitive, created.name);
   return created.name;
 }
 
 // A leaf ignores MoveScale and Top of its file: it always moves by 0.05 and has no tip.
 std::string MvrSceneLoader::createClassicLeaf(const MvrHeader& header, const MvrHornRecord& leaf) {
-  const Created created = createClassic("createClassicLeaf", header, "ClassicLeaf");
+  auto* simple = new (std::nothrow) ClassicLeaf();
+  if (simple) simple->path = classicPath(leaf.path);
+  const Created created = createClassic("createClassicLeaf", header, simple);
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setDouble(IdHornMoveScale, 0.05);
@@ -361,14 +404,15 @@ std::string MvrSceneLoader::createClassicLeaf(const MvrHeader& header, const Mvr
   setHornCurves(params, leaf);
   params.setCurve(IdLeafPhototropism, leaf.phototropism);
   params.setCurve(IdLeafGravitropism, leaf.gravitropism);
-  setPath(created, "ClassicLeaf", leaf.path);
   linkProfile(header, leaf.primitive, created.name);
   return created.name;
 }
 
 std::string MvrSceneLoader::createClassicTree(const MvrHeader& header, const MvrTreeRecord& tree) {
+  auto* simple = new (std::nothrow) ClassicTree();
+  if (simple) simple->path = classicPath(tree.path);
   const Created created =
-      createClassic("createClassicTree " + numberText(tree.segments), header, "ClassicTree");
+      createClassic("createClassicTree " + numberText(tree.segments), header, simple);
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
   params.setDouble(IdTreeSegments, tree.segments);
@@ -393,7 +437,6 @@ std::string MvrSceneLoader::createClassicTree(const MvrHeader& header, const Mvr
   params.setBool(IdTreeSeparator, tree.separator);
   params.setCurve(IdDisplace, tree.displace);
   params.setDouble(ClassicParameterId::IdUnit, tree.unit);
-  setPath(created, "ClassicTree", tree.path);
   linkProfile(header, tree.primitive, created.name);
   return created.name;
 }
@@ -422,10 +465,8 @@ MvrSceneLoader::Created MvrSceneLoader::createPrimitive(const std::string& opera
 }
 
 MvrSceneLoader::Created MvrSceneLoader::createClassic(const std::string& message,
-                                                      const MvrHeader& header,
-                                                      const std::string& typeName) {
+                                                      const MvrHeader& header, Simple* simple) {
   messageSink.debug(message);
-  Simple* simple = makeKind(typeName);
   if (!simple) return {};
   Created created = createNode(header.name, header.matrix, simple);
   if (!created.node) return {};
@@ -435,24 +476,6 @@ MvrSceneLoader::Created MvrSceneLoader::createClassic(const std::string& message
   params.setInt(IdPhotoMode, header.photoMode);
   params.setDouble(IdPhotoStrength, header.photoStrength);
   return created;
-}
-
-// A kind whose class is not built yet stands in as a plain group, so that what lies below it
-// still renders.
-Simple* MvrSceneLoader::makeKind(const std::string& typeName) {
-  if (typeName == "ClassicSimple") return new (std::nothrow) ClassicSimple();
-  if (const ClassicKind* kind = ClassicKinds::find(typeName)) {
-    try {
-      return kind->make();
-    } catch (const std::bad_alloc&) {
-      return nullptr;
-    }
-  }
-  if (missingKinds_.insert(typeName).second) {
-    messageSink.warning(typeName +
-                        " is not available yet: such objects are loaded as plain groups");
-  }
-  return new (std::nothrow) ClassicSimple();
 }
 
 std::string MvrSceneLoader::registerNode(const std::string& name, Node* node) {
@@ -474,22 +497,6 @@ void MvrSceneLoader::linkProfile(const MvrHeader& header, const std::string& pri
   }
   const std::string placeholder = createClassicSimple(MvrHeader(header.name + "_Undefined"));
   if (!placeholder.empty()) insertUnder(placeholder, created);
-}
-
-void MvrSceneLoader::setPath(const Created& created, const std::string& typeName,
-                             const MvrPath& path) {
-  const ClassicKind* kind = ClassicKinds::find(typeName);
-  if (!created.node || !kind || !kind->setPath || !created.node->simple()) return;
-  ClassicSpline spline;
-  spline.keys = path;
-  kind->setPath(*created.node->simple(), spline);
-}
-
-void MvrSceneLoader::setPoints(const Created& created, const std::string& typeName,
-                               const std::vector<Vector3>& points) {
-  const ClassicKind* kind = ClassicKinds::find(typeName);
-  if (!created.node || !kind || !kind->setPoints || !created.node->simple()) return;
-  kind->setPoints(*created.node->simple(), points);
 }
 
 void MvrSceneLoader::setAttractorSet(ParameterSet& params, const MvrHeader& header) {

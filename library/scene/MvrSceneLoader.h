@@ -3,13 +3,11 @@
 // parameters from the file; insertUnder links nodes, and addMaterial gives them material
 // indices. Once load has returned, evaluating the graph gives the scene's polygons.
 //
-// Classic kinds whose classes are not built yet are loaded as plain ClassicSimple groups, with
-// one warning per kind. The loader does not own the graph; nodes that the load left unlinked
-// are freed when load returns.
+// The loader does not own the graph; nodes that the load left unlinked are freed when load
+// returns.
 #pragma once
 
 #include <map>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -92,19 +90,13 @@ class MvrSceneLoader : public MvrLoader {
   Created createNode(const std::string& name, const Matrix4& matrix, Simple* simple);
   Created createPrimitive(const std::string& operation, const std::string& name,
                           const Matrix4& matrix, Simple* simple);
-  Created createClassic(const std::string& message, const MvrHeader& header,
-                        const std::string& typeName);
-  Simple* makeKind(const std::string& typeName);
+  // Takes simple (null when its allocation failed) into a new node with the header's frame.
+  Created createClassic(const std::string& message, const MvrHeader& header, Simple* simple);
   std::string registerNode(const std::string& name, Node* node);
   void linkProfile(const MvrHeader& header, const std::string& primitive,
                    const std::string& created);
-  void setPath(const Created& created, const std::string& typeName, const MvrPath& path);
-  void setPoints(const Created& created, const std::string& typeName,
-                 const std::vector<Vector3>& points);
   static void setAttractorSet(ParameterSet& params, const MvrHeader& header);
   static void setHornCurves(ParameterSet& params, const MvrHornRecord& horn);
-
-  std::set<std::string> missingKinds_;  // kinds already warned about
 };
 
 }  // namespace mv

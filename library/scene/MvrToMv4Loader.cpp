@@ -19,7 +19,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kTiny = 1e-8;
 constexpr double kFlatFan = 1e-6;
 
 // True when the heights of the profile turn back somewhere: no path can carry such a shape.
@@ -28,8 +27,8 @@ bool heightReverses(const std::vector<Vector3>& profile) {
   double last = profile[1].z - profile[0].z;
   for (size_t i = 2; i < profile.size(); ++i) {
     const double d = profile[i].z - profile[i - 1].z;
-    if (std::fabs(d) <= kTiny) continue;
-    if (std::fabs(last) > kTiny && (d > 0) != (last > 0)) return true;
+    if (std::fabs(d) <= kZeroTolerance) continue;
+    if (std::fabs(last) > kZeroTolerance && (d > 0) != (last > 0)) return true;
     last = d;
   }
   return false;
@@ -194,7 +193,7 @@ std::string MvrToMv4Loader::phiballProfile(const std::string& name, double r, do
   double arcRadius = r, offset = 0.0;
   const double e = hi < kPi / 2 ? hi : lo;
   // A rim on the axis itself (sin e of 0) has no circle through it: it keeps the plain radius.
-  if ((hi < kPi / 2 || lo > kPi / 2) && std::fabs(std::sin(e)) > kTiny) {
+  if ((hi < kPi / 2 || lo > kPi / 2) && std::fabs(std::sin(e)) > kZeroTolerance) {
     arcRadius = r / std::sin(e);
     offset = -(std::sin(kPi / 2 - e) * arcRadius);
   }

@@ -15,7 +15,6 @@ namespace mv {
 
 namespace {
 
-constexpr double kTiny = 1e-8;
 constexpr double kGoldenScrew = 3.883221519818898;
 constexpr double kLeafCurvLength = 0.05;
 constexpr double kMinimumDense = 0.05;
@@ -119,7 +118,8 @@ std::vector<double> MvrToMv4Loader::leafPositions(const CurveParam& dense, doubl
   for (int i = 1; i < n; ++i) {
     running += steps[i - 1];
     // Without any density to spread by, the steps are even.
-    positions.push_back(std::fabs(sum) > kTiny ? running / sum : static_cast<double>(i) / n);
+    positions.push_back(std::fabs(sum) > kZeroTolerance ? running / sum
+                                                        : static_cast<double>(i) / n);
   }
   positions.push_back(1.0);
   return positions;
@@ -136,7 +136,7 @@ CurveParam MvrToMv4Loader::treeTropism(const std::vector<double>& sampleU,
     double v = 0.0;
     if (i >= 2) {
       // Samples that do not advance hold no step to bend over.
-      if (!(x - px > kTiny)) continue;
+      if (!(x - px > kZeroTolerance)) continue;
       const double t = px / iniScale;
       const double a = std::clamp(phototropism.evaluate(t), 0.0, 1.0);
       const double b = std::clamp(gravitropism.evaluate(t), 0.0, 1.0);
@@ -206,7 +206,7 @@ std::string MvrToMv4Loader::createClassicLeaf(const MvrHeader& header, const Mvr
   MvrBranchRecord branch;
   branch.thickness = leaf.shape;
   const double tip = leaf.shape.evaluate(1.0);
-  if (std::fabs(tip) > kTiny) {
+  if (std::fabs(tip) > kZeroTolerance) {
     // The outline is drawn against the uneven steps and closes to 0 at the tip: smooth points
     // on a default curve, whose ends stay corners.
     std::map<double, double> outline;
@@ -243,7 +243,7 @@ std::string MvrToMv4Loader::createClassicLeaf(const MvrHeader& header, const Mvr
 // one was due and could not be made.
 bool MvrToMv4Loader::addLeafTropism(const std::string& name, int axis, const CurveParam& curve,
                                     const std::vector<double>& positions, const std::string& path) {
-  if (!curve.hasInnerValueAbove(kTiny)) return true;
+  if (!curve.hasInnerValueAbove(kZeroTolerance)) return true;
   CurveParam strength = curve;
   Curves::clampCurve(strength, positions, 0.0, kTropismLimit);
   strength.scale(kTropismLimit);
@@ -284,7 +284,8 @@ std::string MvrToMv4Loader::createClassicTree(const MvrHeader& header, const Mvr
 
   branch.path = treePath(header.name, tree, trunk, framePositions);
   if (branch.path.empty()) return {};
-  if (tree.phototropism.hasInnerValueAbove(kTiny) || tree.gravitropism.hasInnerValueAbove(kTiny)) {
+  if (tree.phototropism.hasInnerValueAbove(kZeroTolerance) ||
+      tree.gravitropism.hasInnerValueAbove(kZeroTolerance)) {
     std::vector<double> sampleU;
     for (const TreeSample& sample : trunk.samples()) sampleU.push_back(sample.u);
     const std::string tropism = createTropism(
@@ -312,7 +313,8 @@ std::string MvrToMv4Loader::treePath(const std::string& name, const MvrTreeRecor
   std::vector<Vector3> points;
   if (setting(IdTreeKnotPath)) {
     const double pathLength = splineOf(tree.path).length();
-    const double s = !tree.path.empty() && pathLength > kTiny ? tree.length / pathLength : 1.0;
+    const double s =
+        !tree.path.empty() && pathLength > kZeroTolerance ? tree.length / pathLength : 1.0;
     for (const auto& key : trunk.spline().keys)
       points.push_back(classicTurn(key.second, tree.version) * (s * unit));
     return createPointSpline(name + "_Path", 0, Matrix4::identity(), 1, 0, 0, points);

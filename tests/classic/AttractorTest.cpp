@@ -12,7 +12,6 @@
 #include "classic/SolidParameters.h"
 #include "core/ChildRole.h"
 #include "geometry/MeshData.h"
-#include "scene/ClassicKinds.h"
 #include "support/CapturingMessageHandler.h"
 #include "support/GeometryExpectations.h"
 #include "support/SceneRendering.h"
@@ -153,12 +152,4 @@ TEST(Attractor, deformsItsSubtreeInTheSceneGraph) {
     const Vector3 away = before - Vector3(0, 0, -10);
     expectNear(point, before + away.normalized() * weight(away.length()), 1e-6);
   }
-}
-
-TEST(Attractor, sceneFilesMakeItByTypeName) {
-  const ClassicKind* kind = ClassicKinds::find("Attractor");
-  ASSERT_NE(kind, nullptr);
-  std::unique_ptr<Simple> made(kind->make());
-  std::string name;
-  EXPECT_EQ(made->typeName(name), "Attractor");
 }

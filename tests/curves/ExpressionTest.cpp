@@ -173,6 +173,23 @@ TEST(Expression, deepNestingIsRefusedWithoutExhaustingStack) {
   EXPECT_EQ(expression.evaluate(mv::VariableMap{{'x', 1.0}}), 2.0);
 }
 
+// The nesting limit counts parentheses and functions, not the length of a chain.
+TEST(Expression, longFlatChainsParseUpToTheTreeDepth) {
+  mv::Expression expression;
+  for (int terms : {300, 5000}) {
+    std::string chain = "x";
+    for (int i = 1; i < terms; ++i) chain += "+x";
+    ASSERT_TRUE(expression.parse(chain)) << terms;
+    EXPECT_EQ(expression.evaluate(mv::VariableMap{{'x', 1.0}}), terms);
+  }
+  const std::string nested = std::string(2 * mv::Expression::kMaxDepth, '(') + "x" +
+                             std::string(2 * mv::Expression::kMaxDepth, ')');
+  EXPECT_FALSE(expression.parse(nested));
+  std::string tooLong = "x";
+  for (int i = 0; i < mv::Expression::kMaxTreeDepth; ++i) tooLong += "*x";
+  EXPECT_FALSE(expression.parse(tooLong));
+}
+
 TEST(Expression, randomBytesNeverCrashTheParser) {
   std::mt19937 random(12345);
   std::uniform_int_distribution<int> length(0, 24), byte(0, 255);

@@ -1,5 +1,5 @@
 // Whole scene files loaded into the classic graph and rendered to a mesh: counts, bounds, shared
-// children, materials and selections, stand-ins for kinds not built yet, and bad links.
+// children, materials and selections, and bad links.
 #include <gtest/gtest.h>
 #include <unistd.h>
 

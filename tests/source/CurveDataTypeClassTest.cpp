@@ -14,7 +14,6 @@
 #include "source/CurveUnit.h"
 #include "source/iCurveGui.h"
 #include "support/CapturingMessageHandler.h"
-#include "support/CurveTypeRegistration.h"
 
 using mv::CurveParam;
 using mv::CurvePoint;
@@ -130,9 +129,11 @@ TEST(CurveDataTypeClass, subParametersThroughTheHostsValues) {
   EXPECT_EQ(d.curve().evaluate(0.75), 0.75);
 }
 
-TEST(CurveDataTypeClass, registrationNeedsTheTypesNameAndRegistersTypeAndEditorOnce) {
-  ASSERT_TRUE(registerCurveTypeForTests());
+// The test program loads the plug-in, whose start registers the curve type with its resources.
+TEST(CurveDataTypeClass, pluginStartRegistersTypeEditorAndLibraryOnce) {
   Data d;
+  EXPECT_NE(dynamic_cast<CurveDataTypeClass*>(PluginRegistry::FindCustomDataType(CURVE_TYPE_ID)),
+            nullptr);
   const PluginEntry* type = PluginRegistry::Find(CURVE_TYPE_ID);
   ASSERT_NE(type, nullptr);
   EXPECT_EQ(type->kind, PluginKind::CustomDataType);
@@ -165,7 +166,6 @@ TEST(CurveDataTypeClass, registrationNeedsTheTypesNameAndRegistersTypeAndEditorO
 }
 
 TEST(CurveDataTypeClass, wholeCurveTravelsAsAHostValue) {
-  ASSERT_TRUE(registerCurveTypeForTests());
   Data d;
   d.curve().addPoint(0.5, 0.75, mv::PointSmooth);
   GeData value;

@@ -5,7 +5,6 @@
 #include "host/InputIds.h"
 #include "source/CurveComparison.h"
 #include "source/CurveUnit.h"
-#include "support/CurveTypeRegistration.h"
 
 using mv::CurveParam;
 
@@ -25,7 +24,6 @@ struct Panel {
   BaseContainer settings;
   std::unique_ptr<iCurveGui> gui;
   explicit Panel(Int32 mode, Int32 unit = UnitPercent) {
-    EXPECT_TRUE(registerCurveTypeForTests());
     settings.SetLong(CURVE_UNIT, unit);
     gui = std::make_unique<iCurveGui>(settings);
     gui->SetId(kPanelId);

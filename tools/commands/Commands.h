@@ -26,3 +26,6 @@ void addGrassCommand(CLI::App& app, CommandResult& result);
 // morvo about: the About dialog's texts; morvo docs-url: the web documentation's address.
 void addAboutCommand(CLI::App& app, CommandResult& result);
 void addDocsUrlCommand(CLI::App& app, CommandResult& result);
+// morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
+// mode.
+void addImportCommand(CLI::App& app, CommandResult& result);

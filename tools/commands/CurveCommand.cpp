@@ -1,7 +1,9 @@
 // morvo curve: evaluates a curve parameter at evenly spaced positions and prints u and the value
 // as CSV, so that a curve can be inspected from the shell; with --png it also draws the curve as
 // its editor shows it.
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -81,19 +83,23 @@ int pointType(const std::string& name) {
   for (int type = mv::PointCorner; type <= mv::PointFree; ++type) {
     if (name == names[type]) return type;
   }
-  throw std::runtime_error("unknown point type \"" + name + "\" (corner, smooth, mirrored, free)");
+  throw CLI::ValidationError("unknown point type \"" + name +
+                             "\" (corner, smooth, mirrored, free)");
+}
+
+// Empty when text is a whole finite number, else why not: nan, inf and 1e999 are refused.
+std::string finiteNumberProblem(const std::string& text) {
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  if (text.empty() || end != text.c_str() + text.size()) return "not a number: \"" + text + "\"";
+  if (!std::isfinite(value)) return "not a finite number: \"" + text + "\"";
+  return {};
 }
 
 double number(const std::string& text) {
-  size_t used = 0;
-  double value = 0.0;
-  try {
-    value = std::stod(text, &used);
-  } catch (const std::exception&) {
-    used = 0;
-  }
-  if (used == 0 || used != text.size()) throw std::runtime_error("not a number: \"" + text + "\"");
-  return value;
+  const std::string problem = finiteNumberProblem(text);
+  if (!problem.empty()) throw CLI::ValidationError(problem);
+  return std::strtod(text.c_str(), nullptr);
 }
 
 // One point "x:y" or "x:y:type"; x 0 and 1 set the end points.
@@ -102,18 +108,19 @@ void addPoint(mv::CurveParam& curve, const std::string& text) {
   std::istringstream in(text);
   for (std::string field; std::getline(in, field, ':');) fields.push_back(field);
   if (fields.size() < 2 || fields.size() > 3) {
-    throw std::runtime_error("a point is x:y or x:y:type, not \"" + text + "\"");
+    throw CLI::ValidationError("a point is x:y or x:y:type, not \"" + text + "\"");
   }
   const double x = number(fields[0]);
-  if (!(x >= 0.0 && x <= 1.0)) throw std::runtime_error("point x outside 0 to 1: \"" + text + "\"");
+  if (!(x >= 0.0 && x <= 1.0))
+    throw CLI::ValidationError("point x outside 0 to 1: \"" + text + "\"");
   const int type = fields.size() == 3 ? pointType(fields[2]) : mv::PointCorner;
   const int before = curve.getPointCount();
   const int id = curve.addPoint(x, number(fields[1]), type);
   if (id >= 2 && curve.getPointCount() == before) {
-    throw std::runtime_error("point \"" + text + "\" is outside 0 to 1 or too close to another");
+    throw CLI::ValidationError("point \"" + text + "\" is outside 0 to 1 or too close to another");
   }
   if (id < 2 && type != mv::PointCorner && !curve.setPointType(id, type)) {
-    throw std::runtime_error("an end point cannot be of type " + fields[2]);
+    throw CLI::ValidationError("an end point cannot be of type " + fields[2]);
   }
 }
 
@@ -147,8 +154,14 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
   command->add_option("-p,--point", options->points,
                       "A point x:y[:type], type corner (default), smooth, mirrored or free; "
                       "x 0 and 1 set the end points");
-  command->add_option("--first", options->first, "Value of the first point")->capture_default_str();
-  command->add_option("--last", options->last, "Value of the last point")->capture_default_str();
+  const CLI::Validator finite([](std::string& text) { return finiteNumberProblem(text); },
+                              "FINITE");
+  command->add_option("--first", options->first, "Value of the first point")
+      ->check(finite)
+      ->capture_default_str();
+  command->add_option("--last", options->last, "Value of the last point")
+      ->check(finite)
+      ->capture_default_str();
   command->add_option("-n,--count", options->count, "Number of positions")
       ->check(CLI::Range(2, kMaxCount))
       ->capture_default_str();
@@ -171,7 +184,7 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
   command->callback([options, picture, &result] {
     mv::CurveParam curve(0.0, 1.0, options->first, options->last, "id");
     if (!curve.setExpression(options->expression)) {
-      throw std::runtime_error("not an expression: \"" + options->expression + "\"");
+      throw CLI::ValidationError("not an expression: \"" + options->expression + "\"");
     }
     for (const std::string& point : options->points) addPoint(curve, point);
     if (!picture->events.empty()) playEdits(curve, picture->events, unitOf(picture->unit));

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "curves/ParameterSetData.h"
 #include "geometry/PolylineSpline.h"
 #include "growth/Branch.h"
@@ -11,8 +12,6 @@
 #include "growth/SplineNode.h"
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 void fill(mv::PolylineSpline& spline, const std::vector<mv::Vector3>& points) {
   const uint32_t n = static_cast<uint32_t>(points.size());
@@ -113,7 +112,7 @@ DemoCounts buildDemoPhyllotaxis(mv::MeshData& mesh) {
   mv::PolylineSpline profile;
   std::vector<mv::Vector3> dome;
   for (int i = 0; i <= 32; ++i) {
-    const double angle = kPi / 2 * i / 32.0;
+    const double angle = mt::kHalfPi * i / 32.0;
     dome.push_back({std::sin(angle), 0, 0.6 * std::cos(angle)});
   }
   fill(profile, dome);
@@ -129,7 +128,8 @@ DemoCounts buildDemoPhyllotaxis(mv::MeshData& mesh) {
   // With the profile running from the top outward, an element's z axis points into the dome:
   // a half turn about x makes the cone stand out of it.
   DemoCounts counts;
-  counts.elements = mergeAt(mesh, placements, mv::RoleNodes, element, mv::Matrix4::rotationX(kPi));
+  counts.elements =
+      mergeAt(mesh, placements, mv::RoleNodes, element, mv::Matrix4::rotationX(mt::kPi));
   mesh.finish();
   return counts;
 }

@@ -5,6 +5,7 @@
 
 #include "commands/DemoPlants.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "curves/ParameterSetData.h"
 #include "geometry/CurvatureSpline.h"
 #include "geometry/PolylineSpline.h"
@@ -15,8 +16,6 @@
 #include "growth/Tropism.h"
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // A tube of the Branch defaults (thickness tapering to the end) of the given radius along path,
 // merged into mesh under matrix.
@@ -82,7 +81,7 @@ std::string buildDemoHydra(mv::MeshData& mesh) {
   hydra.initParameters(star, 0.4);
   star.setInt(mv::Hydra::hydraMode, mv::Hydra::ModeStar);
   star.setDouble(mv::Hydra::number, 12);
-  star.setCurve(mv::Hydra::hydraTilt, mv::CurveParam(-2, 2, -kPi / 2, kPi / 2, "id"));
+  star.setCurve(mv::Hydra::hydraTilt, mv::CurveParam(-2, 2, -mt::kHalfPi, mt::kHalfPi, "id"));
   star.setCurve(mv::Hydra::scale, constant(0.5));
   const int starCount = conesAtElements(hydra, star, mesh);
   mesh.finish();

@@ -12,7 +12,7 @@ PluginSession::PluginSession()
       previousConsole_(HostConsole::Install(&console_)),
       previousMessages_(mv::messageSink.handler),
       previousProgress_(mv::progressSink.handler),
-      loaded_(PluginLoader::Load(&c4d_main, MORVO_PLUGIN_DIR "/")) {}
+      loaded_(PluginLoader::Load(&c4d_main, MORVO_RESOURCE_DIR "/")) {}
 
 PluginSession::~PluginSession() {
   if (loaded_) PluginLoader::Unload(&c4d_main);

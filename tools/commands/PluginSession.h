@@ -1,6 +1,6 @@
 // PluginSession: the plug-in loaded into the stand-in host for the life of one command, with the
 // host's console on standard error. The plug-in's resources are looked up in the folder the command
-// was built from (MORVO_PLUGIN_DIR, which holds res/). The library's message handlers in place
+// was built from (MORVO_RESOURCE_DIR, which holds res/). The library's message handlers in place
 // before are put back at the end.
 #pragma once
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
 #include "export/GlbWriter.h"
@@ -27,7 +28,7 @@ void writeTube(mv::OGeomStream& s) {
   for (int j = 0; j < nv; ++j) {
     const double radius = 0.4 + 0.1 * j * j / (nv - 1.0);
     for (int i = 0; i < nu; ++i) {
-      const double angle = -2.0 * M_PI * (i % (nu - 1)) / (nu - 1);
+      const double angle = -mt::kTwoPi * (i % (nu - 1)) / (nu - 1);
       points.emplace_back(radius * std::cos(angle), radius * std::sin(angle), 0.5 * j);
     }
   }
@@ -43,7 +44,7 @@ void writeStar(mv::OGeomStream& s) {
   std::vector<double> texture;
   const int corners = 14;
   for (int k = 0; k < corners; ++k) {
-    const double angle = 2.0 * M_PI * k / corners, r = k % 2 == 0 ? 1.0 : 0.45;
+    const double angle = mt::kTwoPi * k / corners, r = k % 2 == 0 ? 1.0 : 0.45;
     points.emplace_back(r * std::cos(angle), 0.0, r * std::sin(angle));
     texture.insert(texture.end(), {0.5 + 0.5 * points.back().x, 0.5 - 0.5 * points.back().z});
   }

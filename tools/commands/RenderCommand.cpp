@@ -127,7 +127,11 @@ int render(const RenderOptions& options) {
   if (!scene.loaded)
     mv::messageSink.warning("render: the load stopped early; writing what it made");
   if (!writeMesh(scene, options, times)) return 1;
-  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons, " +
+  size_t triangles = 0;
+  for (const mv::MeshPolygon& polygon : scene.mesh.polygons)
+    triangles += polygon.isTriangle() ? 1 : 2;
+  mv::messageSink.info("render: " + std::to_string(scene.mesh.getPolygonCount()) + " polygons (" +
+                       std::to_string(triangles) + " triangles), " +
                        std::to_string(scene.mesh.getPointCount()) + " points written to " + output);
   if (options.timings) mv::messageSink.info("render: processor time: " + times.summary());
   return 0;

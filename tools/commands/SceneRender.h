@@ -23,7 +23,7 @@ struct RenderedScene {
 };
 
 // Loads path with the import scale unit and evaluates it into out. Messages go through
-// messageSink; printTree writes the loaded graph first, at plain level. times, when given,
+// messageSink; printTree writes the loaded graph to standard output first. times, when given,
 // receives the processor time of the load and of the evaluation.
 void renderScene(const std::string& path, double unit, bool printTree, RenderedScene& out,
                  mv::PhaseTimes* times = nullptr);

@@ -1,10 +1,8 @@
 #include "console/ConsoleMessageHandler.h"
 
-void ConsoleMessageHandler::debug(const std::string& text) {
-  if (showDebug_) line("Morvo Debug: ", text);
-}
-
-void ConsoleMessageHandler::line(const char* prefix, const std::string& text) {
+void ConsoleMessageHandler::line(Verbosity least, const char* prefix, const std::string& text) {
+  if (verbosity_ < least) return;
+  if (bar_) bar_->clearLine();
   out_ << prefix << text << '\n';
   out_.flush();
 }

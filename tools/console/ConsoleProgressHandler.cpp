@@ -8,18 +8,27 @@
 
 bool ConsoleProgressHandler::isStandardErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
-void ConsoleProgressHandler::finish() {
-  if (!active_ || shownPercent_ < 0) return;
+void ConsoleProgressHandler::hide() {
+  clearLine();
+  active_ = false;
+}
+
+void ConsoleProgressHandler::clearLine() {
+  if (!active_ || !drawn_) return;
   out_ << '\r' << std::string(kBarWidth + 8, ' ') << '\r';
   out_.flush();
   shownPercent_ = -1;
+  drawn_ = false;
 }
+
+void ConsoleProgressHandler::finish() { clearLine(); }
 
 void ConsoleProgressHandler::spin() {
   if (!active_) return;
   static const char kPhases[] = {'|', '/', '-', '\\'};
   out_ << '\r' << kPhases[spinPhase_++ % 4];
   out_.flush();
+  drawn_ = true;
 }
 
 // Redraws only when the whole percent changes, so that tight loops do not flood the terminal.
@@ -33,4 +42,5 @@ void ConsoleProgressHandler::setProgress(double value) {
   out_ << "\r[" << std::string(filled, '#') << std::string(kBarWidth - filled, ' ') << "] "
        << percent << '%';
   out_.flush();
+  drawn_ = true;
 }

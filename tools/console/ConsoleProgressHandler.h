@@ -13,6 +13,11 @@ class ConsoleProgressHandler : public mv::ProgressHandler {
 
   static bool isStandardErrorTerminal();
 
+  // Draws nothing from now on (morvo -q).
+  void hide();
+  // Erases the bar so that a message can take the line; the next progress draws it again.
+  void clearLine();
+
   void start() override {}
   void finish() override;
   void spin() override;
@@ -26,4 +31,5 @@ class ConsoleProgressHandler : public mv::ProgressHandler {
   bool active_;
   int shownPercent_ = -1;
   int spinPhase_ = 0;
+  bool drawn_ = false;  // something of the bar or the spinner stands on the line
 };
