@@ -21,6 +21,13 @@ constexpr Float kSag = 20.0;
 
 void warn(const String& text) { mv::messageSink.warning("Grass: " + text); }
 
+// The polygon object to grow on: the linked object itself, or the polygons a generator (a plane
+// primitive, say) built as its cache; null for anything else.
+PolygonObject* polygonsOf(BaseObject* linked) {
+  if (linked && !linked->IsInstanceOf(Opolygon)) linked = linked->GetCache();
+  return linked && linked->IsInstanceOf(Opolygon) ? static_cast<PolygonObject*>(linked) : nullptr;
+}
+
 }  // namespace
 
 MGrassTagData::MGrassTagData() : hook() {
@@ -78,9 +85,7 @@ Int64 MGrassTagData::roundedHairCount(Int64 hairCount, Int64 clumpSize) {
 // no guides.
 Bool MGrassTagData::readParameters(BaseList2D* tag, BaseDocument* doc) {
   const BaseContainer* data = tag->GetDataInstance();
-  BaseList2D* link = data->GetLink(MGRASS_SURFACE, doc);
-  surface =
-      link != nullptr && link->IsInstanceOf(Opolygon) ? static_cast<PolygonObject*>(link) : nullptr;
+  surface = polygonsOf(data->GetObjectLink(MGRASS_SURFACE, doc));
   if (surface == nullptr) return false;
   hairCount = data->GetLong(MGRASS_HAIRCOUNT);
   clumpSize = data->GetLong(MGRASS_CLUMPSIZE);

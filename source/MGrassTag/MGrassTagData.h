@@ -1,7 +1,7 @@
 // MGrassTagData: the grass tag. Hung on a hair object and linked to a polygon object, it fills
-// the hair's guides with grass blades scattered in clumps over that object's polygons, the same
-// lawn at every build. The hair system calls its generate function in two passes: pass 0 reads
-// the parameters, pass 1 builds the guides.
+// the hair's guides with grass blades scattered in clumps over that object's polygons (or over
+// the polygons of a linked generator's cache), the same lawn at every build. The hair system calls
+// its generate function in two passes: pass 0 reads the parameters, pass 1 builds the guides.
 #pragma once
 
 #include "host/HairGuides.h"

@@ -298,3 +298,20 @@ TEST(MGrassTagData, executeWarnsOnAHairObjectOnly) {
   EXPECT_EQ(grass->Execute(lawn.tag, &lawn.doc, lawn.surface, nullptr, 0, 0), 0);
   EXPECT_EQ(console.lines, std::vector<String>{"Do not use MGras with Hair Object!!!"});
 }
+
+// A generator (here a plane primitive) lends the polygons of its cache once a pass built it.
+TEST(MGrassTagData, growsOnTheCacheOfALinkedGenerator) {
+  Lawn lawn({quad(0, 0)});
+  BaseObject* plane = BaseObject::Alloc(Oplane);
+  ASSERT_NE(plane, nullptr);
+  lawn.doc.InsertObject(plane, nullptr, nullptr);  // first, so its cache exists for the hair
+  lawn.hair->GetDataInstance()->SetLink(HAIRSTYLE_LINK, plane);
+  lawn.parameters()->SetLink(MGrassTagData::MGRASS_SURFACE, plane);
+  const HairGuides* guides = lawn.build();
+  ASSERT_NE(guides, nullptr);
+  EXPECT_EQ(guides->GetCount(), 2020);
+  const PolygonObject* cache = static_cast<const PolygonObject*>(plane->GetCache());
+  ASSERT_NE(cache, nullptr);
+  const std::vector<Clump> clumps = replay(101, 20, cache);
+  expectNearVector(guides->GetPoints()[0], rootOf(cache, clumps[0]) + clumps[0].offsets[0], 1e-9);
+}

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "commands/Commands.h"
+#include "commands/HairLines.h"
 #include "commands/PluginSession.h"
 #include "commands/SurfaceFile.h"
 #include "core/MessageSink.h"
@@ -44,18 +45,6 @@ PolygonObject* toPolygonObject(const mv::MeshData& mesh) {
   }
   op->SetName("Surface");
   return op;
-}
-
-// The guides as line strips in library axes, one strip per blade.
-mv::LineStrips toLineStrips(const HairGuides& guides) {
-  mv::LineStrips lines;
-  const Int32 perBlade = guides.GetSegmentCount() + 1;
-  lines.points.reserve(size_t(guides.GetCount()) * size_t(perBlade));
-  for (Int32 k = 0; k < guides.GetCount() * perBlade; ++k) {
-    lines.points.push_back(toLibraryVector(guides.GetPoints()[k]));
-  }
-  lines.counts.assign(size_t(guides.GetCount()), uint32_t(perBlade));
-  return lines;
 }
 
 void setParameters(BaseTag* tag, PolygonObject* surface, const GrassOptions& o) {
@@ -107,7 +96,8 @@ int grow(const GrassOptions& options) {
     mv::messageSink.error("grass: no blades grew on " + options.surface);
     return 1;
   }
-  const mv::LineStrips lines = toLineStrips(*guides);
+  mv::LineStrips lines;
+  HairLines::append(*guides, hair->GetMg(), lines);
   if (!write(mesh, lines, options.output)) return 1;
   mv::messageSink.info(std::to_string(lines.counts.size()) + " blades on " +
                        std::to_string(mesh.polygons.size()) + " polygons written to " +
