@@ -1,7 +1,7 @@
-// morvo grass: grows a lawn on a surface read from a mesh file. The surface goes into a document
-// of the stand-in host with a hair object that carries the plug-in's grass tag; the hair object
-// builds its guides through the tag, and the surface and the blades (as lines) are written to
-// binary glTF or OBJ.
+// morvo grass: grows a lawn on a surface read from a mesh file or a document's current state. The
+// surface goes into a document of the stand-in host with a hair object that carries the plug-in's
+// grass tag; the hair object builds its guides through the tag, and the surface and the blades (as
+// lines) are written to binary glTF or OBJ.
 #include <iostream>
 #include <memory>
 #include <string>
@@ -15,6 +15,8 @@
 #include "export/ObjWriter.h"
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
+#include "host/DocumentFile.h"
+#include "host/DocumentMesh.h"
 #include "host/HairObject.h"
 #include "host/PolygonObject.h"
 #include "source/MGrassTag/MGrassTagData.h"
@@ -47,6 +49,18 @@ PolygonObject* toPolygonObject(const mv::MeshData& mesh) {
   return op;
 }
 
+// A document's current state as one mesh, or a mesh file.
+bool readSurface(const std::string& path, mv::MeshData& mesh) {
+  if (!endsWith(path, ".morvo")) return SurfaceFile::read(path, mesh);
+  BaseDocument* doc = DocumentFile::Load(path);
+  if (!doc) return false;
+  DocumentMesh collected;
+  const bool collectedSome = collected.collect(doc);
+  BaseDocument::Free(doc);
+  if (collectedSome) mesh = collected.mesh();
+  return collectedSome;
+}
+
 void setParameters(BaseTag* tag, PolygonObject* surface, const GrassOptions& o) {
   BaseContainer* data = tag->GetDataInstance();
   data->SetLink(MGrassTagData::MGRASS_SURFACE, surface);
@@ -72,10 +86,10 @@ int grow(const GrassOptions& options) {
     mv::messageSink.error("grass: the output must end in .obj or .glb: " + options.output);
     return 2;
   }
-  mv::MeshData mesh;
-  if (!SurfaceFile::read(options.surface, mesh)) return 1;
   PluginSession session;
   if (!session.loaded()) return 1;
+  mv::MeshData mesh;
+  if (!readSurface(options.surface, mesh)) return 1;
   BaseDocument doc;
   PolygonObject* surface = toPolygonObject(mesh);
   auto* hair = static_cast<HairObject*>(BaseObject::Alloc(Ohair));
@@ -110,7 +124,7 @@ int grow(const GrassOptions& options) {
 void addGrassCommand(CLI::App& app, CommandResult& result) {
   auto options = std::make_shared<GrassOptions>();
   CLI::App* grass = app.add_subcommand("grass", "Grow a lawn of grass blades on a surface");
-  grass->add_option("surface", options->surface, "Surface to grow on (.obj, .glb, .gltf)")
+  grass->add_option("surface", options->surface, "Surface to grow on (.morvo, .obj, .glb, .gltf)")
       ->required();
   grass->add_option("-o,--output", options->output, "Output file (.glb or .obj)")->required();
   grass->add_option("--count", options->count, "Blades asked for; rounded up to whole clumps")
