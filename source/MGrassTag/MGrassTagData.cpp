@@ -115,9 +115,12 @@ HairGuides* MGrassTagData::buildGuides(HairObject* hair) {
     return nullptr;
   }
   HairGuides* built = HairGuides::Alloc(hairCount, Int32(segments));
-  if (built != nullptr) hair->SetGuides(built, false);
+  if (built == nullptr) {
+    warn(std::to_string(hairCount) + " blades are more than the hair object can hold");
+    return nullptr;
+  }
+  hair->SetGuides(built, false);
   HairGuides* guides = hair->GetGuides();
-  if (guides == nullptr) return nullptr;
   Vector* points = guides->GetPoints();
   const Int32 pointsPerBlade = Int32(segments) + 1;
   random.Init(kSeed);
@@ -133,7 +136,12 @@ HairGuides* MGrassTagData::buildGuides(HairObject* hair) {
     root.m_T = t;
     guides->SetRoot(0, root, false);
     Vector position, normal;
-    guides->GetRootData(0, &position, &normal);
+    if (!guides->GetRootData(0, &position, &normal)) {
+      warn("the hair object " + hair->GetName() + " must grow on the surface " +
+           surface->GetName() + " as well");
+      hair->SetGuides(nullptr, false);
+      return nullptr;
+    }
     Vector direction = normal;
     for (Int32 k = 0; k < clumpSize; ++k) {
       writeBlade(points + clumpStart + k * pointsPerBlade, polygon, s, t, k, position, direction);

@@ -25,8 +25,8 @@ class MGrassTagData : public TagData {
     MGRASS_CLUMPSIZE = 1006,
   };
   static constexpr Int32 kSeed = 84564;
-  // Guards against runaway allocations: no lawn holds more guide points than this.
-  static constexpr Int64 kMaxGuidePoints = 50000000;
+  // Guards against runaway allocations: no lawn holds more guide points than the host's guides.
+  static constexpr Int64 kMaxGuidePoints = Int64(1) << 24;
 
   MGrassTagData();
   static NodeData* Alloc();

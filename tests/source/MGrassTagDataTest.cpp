@@ -270,6 +270,14 @@ TEST(MGrassTagData, whatCannotGrowGivesNoGuidesAndSaysWhy) {
   ASSERT_EQ(messages.warnings.size(), 1u);
   EXPECT_NE(messages.warnings[0].find("has no polygons"), std::string::npos);
 
+  // Roots are placed on the hair object's surface: without one there is nowhere to grow.
+  Lawn loose({quad(0, 0), quad(1, 0)});
+  loose.hair->GetDataInstance()->SetLink(HAIRSTYLE_LINK, nullptr);
+  CapturingMessageHandler looseMessages;
+  EXPECT_EQ(loose.build(), nullptr);
+  ASSERT_EQ(looseMessages.warnings.size(), 1u);
+  EXPECT_NE(looseMessages.warnings[0].find("must grow on the surface"), std::string::npos);
+
   Lawn unlinked({quad(0, 0), quad(1, 0)});
   unlinked.parameters()->SetLink(MGrassTagData::MGRASS_SURFACE, nullptr);
   EXPECT_EQ(unlinked.build(), nullptr);
