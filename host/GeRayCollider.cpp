@@ -1,52 +1,69 @@
 #include "host/GeRayCollider.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "host/HostIds.h"
 #include "host/PolygonObject.h"
 
+namespace {
+
+constexpr Float kParallel = 1e-12;
+
+}  // namespace
+
 Bool GeRayCollider::Init(BaseObject* goal, Bool) {
-  triangles_.clear();
   hits_.clear();
-  auto* poly = dynamic_cast<PolygonObject*>(goal);
-  if (!poly) return false;
-  const Vector* p = poly->GetPointR();
-  for (Int32 i = 0; i < poly->GetPolygonCount(); ++i) {
-    const CPolygon& f = poly->GetPolygonR()[i];
-    triangles_.push_back({p[f.a], p[f.b], p[f.c], i});
-    if (!f.IsTriangle()) triangles_.push_back({p[f.a], p[f.c], p[f.d], i});
-  }
-  return true;
+  goal_ =
+      goal != nullptr && goal->IsInstanceOf(Opolygon) ? static_cast<PolygonObject*>(goal) : nullptr;
+  return goal_ != nullptr;
 }
 
-Bool GeRayCollider::Intersect(const Vector& start, const Vector& direction, Float distance,
-                              Bool onlyTest) {
+Bool GeRayCollider::Intersect(const Vector& start, const Vector& direction, Float distance, Bool) {
   hits_.clear();
-  Vector d = direction.GetNormalized();
-  if (d.GetLength() == 0.0) return false;
-  for (const Triangle& t : triangles_) {
-    // Moeller and Trumbore: solve start + s d = a + u (b - a) + v (c - a).
-    Vector e1 = t.b - t.a, e2 = t.c - t.a, h = Cross(d, e2);
-    Float det = Dot(e1, h);
-    if (std::fabs(det) < 1e-14) continue;
-    Vector q = start - t.a;
-    Float u = Dot(q, h) / det;
-    Vector r = Cross(q, e1);
-    Float v = Dot(d, r) / det;
-    Float s = Dot(e2, r) / det;
-    if (u < 0.0 || v < 0.0 || u + v > 1.0 || s < 0.0 || s > distance) continue;
-    Vector normal = Cross(e1, e2).GetNormalized();
-    hits_.push_back({start + d * s, s, t.polygon, normal, Dot(normal, d) > 0.0});
-    if (onlyTest) break;
+  if (goal_ == nullptr) return false;
+  const Vector way = direction.GetNormalized();
+  const Vector* points = goal_->GetPointR();
+  const Int32 pointCount = goal_->GetPointCount();
+  for (Int32 i = 0; i < goal_->GetPolygonCount(); ++i) {
+    const CPolygon& p = goal_->GetPolygonR()[i];
+    if (std::max({p.a, p.b, p.c, p.d}) >= pointCount || std::min({p.a, p.b, p.c, p.d}) < 0) {
+      continue;
+    }
+    testTriangle(start, way, distance, i, points[p.a], points[p.b], points[p.c]);
+    if (p.c != p.d) testTriangle(start, way, distance, i, points[p.a], points[p.c], points[p.d]);
   }
   return !hits_.empty();
 }
 
+// Moeller and Trumbore: the barycentric solve of start + t * direction inside the triangle.
+void GeRayCollider::testTriangle(const Vector& start, const Vector& direction, Float distance,
+                                 Int32 face, const Vector& a, const Vector& b, const Vector& c) {
+  const Vector edge1 = b - a;
+  const Vector edge2 = c - a;
+  const Vector across = Cross(direction, edge2);
+  const Float determinant = Dot(edge1, across);
+  if (std::abs(determinant) < kParallel) return;
+  const Vector offset = start - a;
+  const Float u = Dot(offset, across) / determinant;
+  if (u < 0.0 || u > 1.0) return;
+  const Vector up = Cross(offset, edge1);
+  const Float v = Dot(direction, up) / determinant;
+  if (v < 0.0 || u + v > 1.0) return;
+  const Float t = Dot(edge2, up) / determinant;
+  if (t < 0.0 || t > distance) return;
+  GeRayColResult hit;
+  hit.hitpos = start + direction * t;
+  hit.distance = t;
+  hit.face_id = face;
+  hit.backface = Dot(Cross(edge1, edge2), direction) > 0.0;
+  hits_.push_back(hit);
+}
+
 Bool GeRayCollider::GetNearestIntersection(GeRayColResult* result) const {
-  if (hits_.empty() || !result) return false;
-  const GeRayColResult* nearest = &hits_[0];
-  for (const GeRayColResult& hit : hits_) {
-    if (hit.distance < nearest->distance) nearest = &hit;
-  }
-  *result = *nearest;
+  if (hits_.empty() || result == nullptr) return false;
+  *result = *std::min_element(
+      hits_.begin(), hits_.end(),
+      [](const GeRayColResult& x, const GeRayColResult& y) { return x.distance < y.distance; });
   return true;
 }

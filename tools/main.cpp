@@ -14,6 +14,7 @@
 #include "console/ConsoleProgressHandler.h"
 #include "console/HandlerScope.h"
 #include "console/NearestName.h"
+#include "console/StreamHostConsole.h"
 #include "core/MessageSink.h"
 
 namespace {
@@ -90,6 +91,8 @@ int main(int argc, char** argv) {
   ConsoleProgressHandler progress(std::cerr, ConsoleProgressHandler::isStandardErrorTerminal());
   ConsoleMessageHandler messages(std::cerr, ConsoleMessageHandler::Normal, &progress);
   HandlerScope handlers(&messages, &progress);
+  StreamHostConsole hostConsole(std::cerr, progress);
+  HostConsole::Install(&hostConsole);
 
   CLI::App app{"Morvo " MORVO_VERSION ": a procedural plant modeller", "morvo"};
   app.set_version_flag("--version", "morvo " MORVO_VERSION);
@@ -98,6 +101,7 @@ int main(int argc, char** argv) {
   addVerbosityFlags(app, messages, progress);
   CommandResult result;
   addCurveCommand(app, result);
+  addCurveEditCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
   addInfoCommand(app, result);
@@ -106,6 +110,10 @@ int main(int argc, char** argv) {
   addAboutCommand(app, result);
   addDocsUrlCommand(app, result);
   addImportCommand(app, result);
+  addNewCommand(app, result);
+  addTreeCommand(app, result);
+  addGetCommand(app, result);
+  addSetCommand(app, result);
 
   if (!namesKnownCommand(app, argc, argv)) return kUsageError;
   return run(app, argc, argv, result);

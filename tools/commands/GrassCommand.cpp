@@ -5,14 +5,14 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "commands/Commands.h"
 #include "commands/HairLines.h"
+#include "commands/MeshFile.h"
 #include "commands/PluginSession.h"
 #include "commands/SurfaceFile.h"
 #include "core/MessageSink.h"
-#include "export/GlbWriter.h"
-#include "export/ObjWriter.h"
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
 #include "host/DocumentFile.h"
@@ -30,11 +30,6 @@ struct GrassOptions {
   int count = 2000, segments = 6, clump = 20;
   double length = 10.0, variation = 5.0, noise = 0.1;
 };
-
-bool endsWith(const std::string& text, const std::string& suffix) {
-  return text.size() >= suffix.size() &&
-         text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
 
 // The mesh as a host polygon object: points in host axes, corners in the same order.
 PolygonObject* toPolygonObject(const mv::MeshData& mesh) {
@@ -72,22 +67,18 @@ void setParameters(BaseTag* tag, PolygonObject* surface, const GrassOptions& o) 
   data->SetLong(MGrassTagData::MGRASS_CLUMPSIZE, o.clump);
 }
 
+// The surface in material 0, "Ground", the blades in material 1, "Grass".
 bool write(mv::MeshData& mesh, const mv::LineStrips& lines, const std::string& output) {
   for (mv::MeshPolygon& polygon : mesh.polygons) polygon.material = 0;
   std::vector<mv::ExportMaterial> materials(2);
   materials[0] = {"Ground", 0.35, 0.25, 0.15, ""};
   materials[1] = {"Grass", 0.25, 0.6, 0.12, ""};
-  if (endsWith(output, ".obj")) return mv::ObjWriter(materials).write(mesh, lines, 1, output);
-  return mv::GlbWriter(materials).write(mesh, lines, 1, output);
+  return writeMeshFile(mesh, materials, lines, 1, output);
 }
 
 int grow(const GrassOptions& options) {
-  if (!endsWith(options.output, ".obj") && !endsWith(options.output, ".glb")) {
-    mv::messageSink.error("grass: the output must end in .obj or .glb: " + options.output);
-    return 2;
-  }
-  PluginSession session;
-  if (!session.loaded()) return 1;
+  if (!checkMeshFileName("grass", options.output)) return 2;
+  if (!PluginSession::ready()) return 1;
   mv::MeshData mesh;
   if (!readSurface(options.surface, mesh)) return 1;
   BaseDocument doc;

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "commands/Commands.h"
+#include "commands/PluginSession.h"
 #include "console/StandardErrorConsole.h"
 #include "core/MessageSink.h"
 #include "core/ProgressSink.h"
@@ -30,28 +31,6 @@ struct ImportOptions {
   double unit = 100.0;
   bool treeKnotPath = false, hornKnotPath = false, fractionalCurvature = false;
   bool noMaterials = false, verbose = false;
-};
-
-// The plug-in for the length of one command, with the handlers of the command restored after.
-class PluginSession {
- public:
-  PluginSession()
-      : messages_(mv::messageSink.handler),
-        progress_(mv::progressSink.handler),
-        loaded_(PluginLoader::Load(&c4d_main, MORVO_RESOURCE_DIR "/")) {}
-  ~PluginSession() {
-    if (loaded_) PluginLoader::Unload(&c4d_main);
-    mv::messageSink.handler = messages_;
-    mv::progressSink.handler = progress_;
-  }
-  PluginSession(const PluginSession&) = delete;
-  PluginSession& operator=(const PluginSession&) = delete;
-  bool loaded() const { return loaded_; }
-
- private:
-  mv::MessageHandler* messages_;
-  mv::ProgressHandler* progress_;
-  bool loaded_;
 };
 
 // The first bytes of the file, as the host offers them to a scene loader.
@@ -108,8 +87,10 @@ int importInto(BaseDocument* document, const ImportOptions& options) {
 void runImport(const ImportOptions& options, CommandResult& result) {
   checkPaths(options);
   StandardErrorConsole console(options.verbose);
-  PluginSession session;
-  if (!session.loaded()) throw std::runtime_error("the plug-in did not load");
+  if (!PluginSession::ready()) {
+    result.exitCode = 1;
+    return;
+  }
   BaseDocument* document = BaseDocument::Alloc();
   const Int32 code = importInto(document, options);
   const int objects = countObjects(document->GetFirstObject());

@@ -15,8 +15,7 @@ namespace {
 
 // Runs a registered command with the host's console on standard output; 0 when it succeeded.
 int runCommand(Int32 id) {
-  PluginSession session;
-  const PluginEntry* entry = session.loaded() ? PluginRegistry::Find(id) : nullptr;
+  const PluginEntry* entry = PluginSession::ready() ? PluginRegistry::Find(id) : nullptr;
   if (!entry || !entry->command) return 1;
   StreamConsole out(std::cout);
   HostConsole* previous = HostConsole::Install(&out);
@@ -36,8 +35,7 @@ void addDocsUrlCommand(CLI::App& app, CommandResult& result) {
   CLI::App* docs = app.add_subcommand(
       "docs-url", "Print the address of the web documentation that the Website command opens");
   docs->callback([&result] {
-    PluginSession session;
-    const String address = session.loaded() ? Website::address() : String();
+    const String address = PluginSession::ready() ? Website::address() : String();
     if (address.empty()) {
       std::cerr << "Morvo Error: the plug-in's resources name no documentation address\n";
       result.exitCode = 1;

@@ -1,22 +1,19 @@
 #include "commands/PluginSession.h"
 
-#include <iostream>
-
 #include "core/MessageSink.h"
-#include "core/ProgressSink.h"
 #include "host/PluginLoader.h"
 #include "source/Main.h"
 
-PluginSession::PluginSession()
-    : console_(std::cerr),
-      previousConsole_(HostConsole::Install(&console_)),
-      previousMessages_(mv::messageSink.handler),
-      previousProgress_(mv::progressSink.handler),
-      loaded_(PluginLoader::Load(&c4d_main, MORVO_RESOURCE_DIR "/")) {}
+PluginSession::PluginSession() { started_ = PluginLoader::Load(&c4d_main, MORVO_PLUGIN_DIR); }
 
 PluginSession::~PluginSession() {
-  if (loaded_) PluginLoader::Unload(&c4d_main);
-  mv::messageSink.handler = previousMessages_;
-  mv::progressSink.handler = previousProgress_;
-  HostConsole::Install(previousConsole_);
+  if (started_) PluginLoader::Unload(&c4d_main);
+}
+
+bool PluginSession::ready() {
+  static const PluginSession session;
+  const bool running = session.started_;
+  if (!running)
+    mv::messageSink.error("the Morvo plug-in is not loaded: no res folder at " MORVO_PLUGIN_DIR);
+  return running;
 }

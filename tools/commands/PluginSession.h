@@ -1,12 +1,7 @@
-// PluginSession: the plug-in loaded into the stand-in host for the life of one command, with the
-// host's console on standard error. The plug-in's resources are looked up in the folder the command
-// was built from (MORVO_RESOURCE_DIR, which holds res/). The library's message handlers in place
-// before are put back at the end.
+// PluginSession: the plug-in loaded into the stand-in host the way the host application loads it
+// (first contact, the system message that reads its resources, start), at the first command that
+// needs it, and ended when the program ends. A failure is reported.
 #pragma once
-
-#include "console/StreamConsole.h"
-#include "core/MessageHandler.h"
-#include "core/ProgressHandler.h"
 
 class PluginSession {
  public:
@@ -15,13 +10,9 @@ class PluginSession {
   PluginSession(const PluginSession&) = delete;
   PluginSession& operator=(const PluginSession&) = delete;
 
-  // False when the plug-in did not start; the host said why on the console.
-  bool loaded() const { return loaded_; }
+  // Loads the plug-in at the first call; whether it runs. Commands over documents ask first.
+  static bool ready();
 
  private:
-  StreamConsole console_;
-  HostConsole* previousConsole_;
-  mv::MessageHandler* previousMessages_;
-  mv::ProgressHandler* previousProgress_;
-  bool loaded_;
+  bool started_ = false;
 };
