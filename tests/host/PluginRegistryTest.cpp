@@ -50,7 +50,8 @@ TEST(PluginRegistry, AFailedInitGivesNoObject) {
 TEST(GeResource, StringsByNumberFromTheFolder) {
   std::string folder = std::string(MORVO_TEST_OUTPUT_DIR) + "/res-strings";
   std::filesystem::create_directories(folder);
-  std::ofstream(folder + "/strings.str") << "# comment\n10025 \"Growing \\\"#\\\"\"\n\n10020 \"\"\n";
+  std::ofstream(folder + "/strings.str")
+      << "# comment\n10025 \"Growing \\\"#\\\"\"\n\n10020 \"\"\n";
   ASSERT_TRUE(GeResource::Init(folder));
   EXPECT_EQ(GeLoadString(10025), "Growing \"#\"");
   EXPECT_EQ(GeLoadString(10020), "");
