@@ -47,19 +47,10 @@ Bool GeDialog::add(DialogGadget gadget) {
 }
 
 Bool GeDialog::GroupBegin(Int32 id, Int32 flags, Int32 columns, Int32 rows) {
-  DialogGadget group;
-  group.id = id;
-  group.flags = flags;
-  group.width = columns;
-  group.height = rows;
-  return add(group);
+  return add(gadgetOf(DialogGadget::Group, id, flags, columns, rows));
 }
 
-Bool GeDialog::GroupEnd() {
-  DialogGadget end;
-  end.kind = DialogGadget::GroupEnd;
-  return add(end);
-}
+Bool GeDialog::GroupEnd() { return add(gadgetOf(DialogGadget::GroupEnd, 0, 0, 0, 0)); }
 
 Bool GeDialog::AddUserArea(Int32 id, Int32 flags, Int32 width, Int32 height) {
   return add(gadgetOf(DialogGadget::UserArea, id, flags, width, height));

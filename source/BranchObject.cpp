@@ -18,6 +18,7 @@ Float degrees(Float value) { return value * mt::kPi / 180.0; }
 BaseObject* starterProfile() {
   BaseObject* circle = BaseObject::Alloc(Osplinecircle);
   if (circle == nullptr) return nullptr;
+  circle->SetName("Profile");
   BaseContainer* data = circle->GetDataInstance();
   data->SetLong(PRIM_PLANE, 0);
   data->SetReal(kCircleRadius, 20.0);
@@ -29,6 +30,7 @@ BaseObject* starterProfile() {
 BaseObject* starterPath() {
   SplineObject* path = SplineObject::Alloc(3, SPLINETYPE_CUBIC);
   if (path == nullptr) return nullptr;
+  path->SetName("Path");
   Vector* points = path->GetPointW();
   for (Int32 i = 0; i < 3; ++i) points[i] = Vector(0.0, kPathHeight * i, 0.0);
   BaseContainer* data = path->GetDataInstance();

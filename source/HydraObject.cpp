@@ -19,6 +19,7 @@ bool wrapSelection(BaseObject* op) {
   } else {
     child = BaseObject::Alloc(Osphere);
     if (child == nullptr) return false;
+    child->SetName("Sphere");
     child->SetPhong(true, true, 80.0 * mt::kPi / 180.0);
   }
   child->InsertUnderLast(op);

@@ -11,6 +11,7 @@ constexpr Int32 kArcEnd = 2006;
 bool addStarterProfile(BaseObject* op) {
   BaseObject* arc = BaseObject::Alloc(Osplinearc);
   if (arc == nullptr) return false;
+  arc->SetName("Profile");
   BaseContainer* data = arc->GetDataInstance();
   data->SetReal(kArcRadius, 100.0);
   data->SetReal(kArcStart, -mt::kPi / 2.0);

@@ -98,11 +98,16 @@ int main(int argc, char** argv) {
   addVerbosityFlags(app, messages, progress);
   CommandResult result;
   addCurveCommand(app, result);
+  addCurveEditCommand(app, result);
   addPrimitivesCommand(app, result);
   addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
   addImportCommand(app, result);
+  addNewCommand(app, result);
+  addTreeCommand(app, result);
+  addGetCommand(app, result);
+  addSetCommand(app, result);
 
   if (!namesKnownCommand(app, argc, argv)) return kUsageError;
   return run(app, argc, argv, result);

@@ -11,6 +11,8 @@ struct CommandResult {
 
 // morvo curve: prints a curve's values as CSV.
 void addCurveCommand(CLI::App& app, CommandResult& result);
+// morvo curve-edit plant.morvo PATH.parameter --events FILE: edits played on a document's curve.
+void addCurveEditCommand(CLI::App& app, CommandResult& result);
 void addInfoCommand(CLI::App& app, CommandResult& result);
 // primitives -o FILE: a tube, a star outline and a quad mesh through the polygon stream, written
 // as OBJ or binary glTF. Hidden from the help.
@@ -23,3 +25,11 @@ void addRenderCommand(CLI::App& app, CommandResult& result);
 // morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
 // mode.
 void addImportCommand(CLI::App& app, CommandResult& result);
+// morvo new KIND -o FILE.morvo: a document with one growth object as the menu makes it.
+void addNewCommand(CLI::App& app, CommandResult& result);
+// morvo tree FILE.morvo: the objects of a document with their kinds and roles.
+void addTreeCommand(CLI::App& app, CommandResult& result);
+// morvo get FILE.morvo PATH.parameter...: parameters by name.
+void addGetCommand(CLI::App& app, CommandResult& result);
+// morvo set FILE.morvo PATH.parameter=VALUE...: changes parameters by name and saves.
+void addSetCommand(CLI::App& app, CommandResult& result);

@@ -6,17 +6,11 @@
 
 #include "commands/Commands.h"
 #include "commands/DemoPlants.h"
+#include "commands/MeshFile.h"
 #include "commands/ModifierDemos.h"
 #include "core/MessageSink.h"
-#include "export/GlbWriter.h"
-#include "export/ObjWriter.h"
 
 namespace {
-
-bool endsWith(const std::string& text, const std::string& suffix) {
-  return text.size() >= suffix.size() &&
-         text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
 
 // Builds the demo of node into mesh and says what it shows.
 std::string buildDemo(const std::string& node, mv::MeshData& mesh) {
@@ -30,18 +24,12 @@ std::string buildDemo(const std::string& node, mv::MeshData& mesh) {
 }
 
 int writeDemo(const std::string& node, const std::string& output) {
-  const bool obj = endsWith(output, ".obj");
-  if (!obj && !endsWith(output, ".glb")) {
-    mv::messageSink.error("demo: the output must end in .obj or .glb: " + output);
-    return 2;
-  }
+  if (!checkMeshFileName("demo", output)) return 2;
   mv::MeshData mesh;
   const std::string shown = buildDemo(node, mesh);
   const std::vector<mv::ExportMaterial> materials = {{"bark", 0.45, 0.32, 0.2, ""},
                                                      {"leaf", 0.25, 0.6, 0.15, ""}};
-  const bool written = obj ? mv::ObjWriter(materials).write(mesh, output)
-                           : mv::GlbWriter(materials).write(mesh, output);
-  if (!written) return 1;
+  if (!writeMeshFile(mesh, materials, output)) return 1;
   mv::messageSink.info("demo " + node + ": " + std::to_string(mesh.getPolygonCount()) +
                        " polygons, " + shown + ", written to " + output);
   return 0;
