@@ -527,15 +527,18 @@ class GlbFile {
     if (!std::filesystem::exists(beside, error)) {
       messageSink.warning("texture \"" + reference + "\" is not found beside " + path_);
     }
-    if (options_.embedTextures) embed(image, beside, textureFile);
+    if (options_.embedTextures) embed(image, {beside, reference}, textureFile);
     document_.images.push_back(std::move(image));
     return textures_[reference] = int(document_.images.size()) - 1;
   }
 
-  // Stores the picture found beside the output, or else as the scene names it, in the file.
-  void embed(Image& image, const std::string& beside, const std::string& textureFile) {
-    std::string bytes = readImage(beside);
-    if (bytes.empty()) bytes = readImage(textureFile);
+  // Stores the picture found beside the output, or else at the same relative reference from the
+  // current folder, in the file. Only references inside those folders are read: a scene cannot
+  // have any other file of the machine copied into its output.
+  void embed(Image& image, const std::array<std::string, 2>& places,
+             const std::string& textureFile) {
+    std::string bytes = readImage(places[0]);
+    if (bytes.empty()) bytes = readImage(places[1]);
     if (bytes.empty()) {
       messageSink.warning("texture \"" + textureFile + "\" cannot be read; referenced, not stored");
     } else if (imageMimeType(bytes).empty()) {

@@ -7,6 +7,7 @@
 
 namespace {
 
+// A gadget of a kind, id, flags and minimum size; everything else keeps its default.
 DialogGadget gadgetOf(DialogGadget::Kind kind, Int32 id, Int32 flags, Int32 width, Int32 height) {
   DialogGadget gadget;
   gadget.kind = kind;

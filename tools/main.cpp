@@ -14,7 +14,6 @@
 #include "console/ConsoleProgressHandler.h"
 #include "console/HandlerScope.h"
 #include "console/NearestName.h"
-#include "console/StreamHostConsole.h"
 #include "core/MessageSink.h"
 
 namespace {
@@ -91,8 +90,6 @@ int main(int argc, char** argv) {
   ConsoleProgressHandler progress(std::cerr, ConsoleProgressHandler::isStandardErrorTerminal());
   ConsoleMessageHandler messages(std::cerr, ConsoleMessageHandler::Normal, &progress);
   HandlerScope handlers(&messages, &progress);
-  StreamHostConsole hostConsole(std::cerr, progress);
-  HostConsole::Install(&hostConsole);
 
   CLI::App app{"Morvo " MORVO_VERSION ": a procedural plant modeller", "morvo"};
   app.set_version_flag("--version", "morvo " MORVO_VERSION);

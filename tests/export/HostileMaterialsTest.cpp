@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -182,4 +183,26 @@ TEST(HostileMaterials, deviceNamedAsATextureIsNotStored) {
   EXPECT_EQ(model.images[0].uri, "zero");
   EXPECT_EQ(messages.warnings.back(),
             "texture \"/dev/zero\" cannot be read; referenced, not stored");
+}
+
+// A picture outside the output's folder stays where it is, even when asked to store pictures.
+TEST(HostileMaterials, pictureOutsideTheFolderIsNotStored) {
+  const std::string elsewhere = testOutputPath("elsewhere");
+  std::filesystem::create_directories(elsewhere);
+  writeSampleTexture(elsewhere + "/secret.png");
+  const std::string absolute = std::filesystem::absolute(elsewhere + "/secret.png").string();
+  mv::GlbWriter writer({{"bark", 0.4, 0.3, 0.2, absolute}});
+  mv::WriteOptions options;
+  options.embedTextures = true;
+  writer.setOptions(options);
+  CapturingMessageHandler messages;
+  const std::string path = testOutputPath("outside-texture.glb");
+  ASSERT_TRUE(writer.write(sampleMesh(), path));
+  const tinygltf::Model model = readGlb(path);
+  std::remove(path.c_str());  // a validator would rightly miss the picture
+  ASSERT_EQ(model.images.size(), 1u);
+  EXPECT_EQ(model.images[0].uri, "secret.png");
+  EXPECT_EQ(model.images[0].bufferView, -1);
+  EXPECT_EQ(messages.warnings.back(),
+            "texture \"" + absolute + "\" cannot be read; referenced, not stored");
 }

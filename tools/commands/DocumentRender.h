@@ -5,5 +5,6 @@
 #include <string>
 
 // The process exit code: 0 when written, 1 when the document cannot be loaded, holds nothing
-// to render or cannot be written.
-int renderDocument(const std::string& input, const std::string& output);
+// to render or cannot be written. With separate, every generator keeps its instances as objects
+// of their own, whatever the document says.
+int renderDocument(const std::string& input, const std::string& output, bool separate = false);

@@ -8,6 +8,7 @@
 #include "commands/Commands.h"
 #include "commands/DocumentParameters.h"
 #include "commands/PluginSession.h"
+#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "host/BaseDocument.h"
 #include "host/DocumentFile.h"
@@ -16,6 +17,7 @@ namespace {
 
 int printParameters(const std::string& input, const std::vector<std::string>& names) {
   if (!PluginSession::ready()) return 1;
+  HostConsoleBridge console;
   std::unique_ptr<BaseDocument> document(DocumentFile::Load(Filename(input)));
   if (!document) return 1;
   int exitCode = 0;

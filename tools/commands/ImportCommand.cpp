@@ -11,7 +11,7 @@
 
 #include "commands/Commands.h"
 #include "commands/PluginSession.h"
-#include "console/StandardErrorConsole.h"
+#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "core/ProgressSink.h"
 #include "host/BaseDocument.h"
@@ -30,7 +30,7 @@ struct ImportOptions {
   std::string input, output, mode = "generators";
   double unit = 100.0;
   bool treeKnotPath = false, hornKnotPath = false, fractionalCurvature = false;
-  bool noMaterials = false, verbose = false;
+  bool noMaterials = false;
 };
 
 // The first bytes of the file, as the host offers them to a scene loader.
@@ -86,7 +86,7 @@ int importInto(BaseDocument* document, const ImportOptions& options) {
 
 void runImport(const ImportOptions& options, CommandResult& result) {
   checkPaths(options);
-  StandardErrorConsole console(options.verbose);
+  HostConsoleBridge console;
   if (!PluginSession::ready()) {
     result.exitCode = 1;
     return;
@@ -128,6 +128,5 @@ void addImportCommand(CLI::App& app, CommandResult& result) {
   command->add_flag("--fractional-curvature", options->fractionalCurvature,
                     "curvature splines keep a fractional last step");
   command->add_flag("--no-materials", options->noMaterials, "leave the materials out");
-  command->add_flag("--verbose", options->verbose, "also print the load's debug lines");
   command->callback([options, &result] { runImport(*options, result); });
 }

@@ -6,6 +6,7 @@
 
 #include "commands/Commands.h"
 #include "commands/PluginSession.h"
+#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "host/ActiveDocument.h"
 #include "host/BaseDocument.h"
@@ -39,6 +40,7 @@ String menuName(Int32 id) {
 
 int writeNewDocument(const std::string& kind, const std::string& output) {
   if (!PluginSession::ready()) return 1;
+  HostConsoleBridge console;
   BaseDocument document;
   SetActiveDocument(&document);
   BaseObject* object = BaseObject::Alloc(kinds().at(kind));

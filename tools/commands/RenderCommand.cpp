@@ -59,6 +59,7 @@ struct RenderOptions {
   std::string input, output;
   double unit = 1.0;
   bool printTree = false, embedTextures = false, force = false, timings = false;
+  bool separate = false;
 };
 
 bool writeMesh(const RenderedScene& scene, const RenderOptions& options, mv::PhaseTimes& times) {
@@ -95,7 +96,7 @@ int render(const RenderOptions& options) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;
   }
-  if (endsWith(input, ".morvo")) return renderDocument(input, output);
+  if (endsWith(input, ".morvo")) return renderDocument(input, output, options.separate);
   if (!std::ifstream(input)) {
     mv::messageSink.error("render: cannot open \"" + input + "\"");
     return 1;
@@ -140,5 +141,7 @@ void addRenderCommand(CLI::App& app, CommandResult& result) {
                     "replace the output even when it is a symbolic link, device or other "
                     "non-regular file");
   command->add_flag("--timings", options->timings, "say how much processor time each phase took");
+  command->add_flag("--separate", options->separate,
+                    "documents: every generator keeps its instances as separate objects");
   command->callback([options, &result] { result.exitCode = render(*options); });
 }

@@ -7,6 +7,7 @@
 #include "commands/Commands.h"
 #include "commands/DocumentParameters.h"
 #include "commands/PluginSession.h"
+#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "host/BaseDocument.h"
 #include "host/DocumentFile.h"
@@ -29,6 +30,7 @@ bool applyAssignment(BaseDocument* document, const std::string& assignment) {
 int setParameters(const std::string& input, const std::vector<std::string>& assignments,
                   const std::string& output) {
   if (!PluginSession::ready()) return 1;
+  HostConsoleBridge console;
   std::unique_ptr<BaseDocument> document(DocumentFile::Load(Filename(input)));
   if (!document) return 1;
   for (const std::string& assignment : assignments) {

@@ -7,6 +7,7 @@
 
 #include "commands/Commands.h"
 #include "commands/PluginSession.h"
+#include "console/HostConsoleBridge.h"
 #include "core/ChildRole.h"
 #include "core/Simple.h"
 #include "host/BaseDocument.h"
@@ -64,6 +65,7 @@ void printLevel(BaseObject* first, BaseDocument* document, const std::vector<int
 
 int printTree(const std::string& input) {
   if (!PluginSession::ready()) return 1;
+  HostConsoleBridge console;
   std::unique_ptr<BaseDocument> document(DocumentFile::Load(Filename(input)));
   if (!document) return 1;
   printLevel(document->GetFirstObject(), document.get(), {}, 0, std::cout);
