@@ -1,6 +1,7 @@
 #include "export/ExportableMesh.h"
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "core/MessageSink.h"
@@ -36,6 +37,22 @@ bool ExportableMesh::check(const MeshData& mesh, const std::string& writer) {
   for (const TexturePolygon& t : mesh.texturePolygons) {
     if (!representable(t.a) || !representable(t.b) || !representable(t.c) || !representable(t.d)) {
       messageSink.error(writer + ": a texture coordinate is not a finite single-precision number");
+      return false;
+    }
+  }
+  return true;
+}
+
+bool ExportableMesh::check(const LineStrips& lines, const std::string& writer) {
+  uint64_t total = 0;
+  for (uint32_t count : lines.counts) total += count;
+  if (total != lines.points.size()) {
+    messageSink.error(writer + ": the line strips do not add up to their points");
+    return false;
+  }
+  for (const Vector3& p : lines.points) {
+    if (!representable(p)) {
+      messageSink.error(writer + ": a line point is not a finite single-precision number");
       return false;
     }
   }

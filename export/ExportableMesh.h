@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "export/LineStrips.h"
 #include "geometry/MeshData.h"
 
 namespace mv {
@@ -12,6 +13,8 @@ namespace mv {
 struct ExportableMesh {
   // True when the mesh can be written; otherwise an error naming the writer and false.
   static bool check(const MeshData& mesh, const std::string& writer);
+  // The same for line strips: counts that add up to the points, finite single-precision points.
+  static bool check(const LineStrips& lines, const std::string& writer);
 };
 
 }  // namespace mv

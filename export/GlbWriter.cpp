@@ -79,6 +79,8 @@ struct Document {
   std::vector<Image> images;
   std::vector<Material> materials;
   uint64_t bufferLength = 0;
+  // The line strips' primitive, when there is one: the last material, accessors 4k and 4k + 1.
+  bool hasLines = false;
 
   nlohmann::json accessorJson(const Accessor& accessor, bool widest) const {
     nlohmann::json json = {{"bufferView", accessor.view},
@@ -108,6 +110,13 @@ struct Document {
     nlohmann::json primitives = nlohmann::json::array();
     for (size_t k = 0; k < materials.size(); ++k) {
       const int first = int(4 * k);
+      if (hasLines && k + 1 == materials.size()) {
+        primitives.push_back({{"attributes", {{"POSITION", first}}},
+                              {"indices", first + 1},
+                              {"material", int(k)},
+                              {"mode", 1}});
+        continue;
+      }
       primitives.push_back(
           {{"attributes", {{"POSITION", first}, {"NORMAL", first + 1}, {"TEXCOORD_0", first + 2}}},
            {"indices", first + 3},
@@ -198,6 +207,50 @@ std::string imageMimeType(const std::string& bytes) {
   if (bytes.rfind("\x89PNG\r\n\x1a\n", 0) == 0) return "image/png";
   if (bytes.rfind("\xff\xd8\xff", 0) == 0) return "image/jpeg";
   return "";
+}
+
+// Records the view's length and count and keeps the next view 4-aligned.
+void finishView(AtomicFile& file, Document& document, size_t accessor, size_t count,
+                uint64_t bytes) {
+  View& view = document.views[size_t(document.accessors[accessor].view)];
+  view.length = bytes;
+  document.accessors[accessor].count = count;
+  padToFour(file);
+  document.bufferLength = view.offset + (bytes + 3) / 4 * 4;
+}
+
+// Writes the line strips as the views of accessors first (positions, bounded) and first + 1
+// (segment indices, 32-bit beyond 65 535 points).
+void writeLines(AtomicFile& file, Document& document, size_t first, const LineStrips& lines) {
+  Accessor& position = document.accessors[first];
+  position.bounded = true;
+  position.min.fill(std::numeric_limits<double>::max());
+  position.max.fill(std::numeric_limits<double>::lowest());
+  std::vector<float> values;
+  values.reserve(3 * lines.points.size());
+  for (const Vector3& point : lines.points) {
+    const Vector3 p = FileAxes::fromLibrary(point);
+    const float out[3] = {float(p.x), float(p.y), float(p.z)};
+    for (int k = 0; k < 3; ++k) {
+      position.min[size_t(k)] = std::min(position.min[size_t(k)], double(out[k]));
+      position.max[size_t(k)] = std::max(position.max[size_t(k)], double(out[k]));
+    }
+    values.insert(values.end(), out, out + 3);
+  }
+  document.views[size_t(position.view)].offset = document.bufferLength;
+  writeValues(file, values);
+  finishView(file, document, first, lines.points.size(), values.size() * 4);
+  values = std::vector<float>();
+  const std::vector<uint32_t> segments = lines.segmentIndices();
+  const bool wide = lines.points.size() > kLargestShortIndexCount;
+  document.accessors[first + 1].componentType = wide ? kUnsignedInt : kUnsignedShort;
+  document.views[size_t(document.accessors[first + 1].view)].offset = document.bufferLength;
+  if (wide) {
+    writeValues(file, segments);
+  } else {
+    writeValues(file, std::vector<uint16_t>(segments.begin(), segments.end()));
+  }
+  finishView(file, document, first + 1, segments.size(), segments.size() * (wide ? 4 : 2));
 }
 
 // Writes one primitive: the corners of every polygon of one material, welded into vertices in
@@ -318,16 +371,6 @@ class PrimitiveWriter {
     finishView(file, document, accessor, count, count * vertexBytes);
   }
 
-  // Records the view's length and count and keeps the next view 4-aligned.
-  static void finishView(AtomicFile& file, Document& document, size_t accessor, size_t count,
-                         uint64_t bytes) {
-    View& view = document.views[size_t(document.accessors[accessor].view)];
-    view.length = bytes;
-    document.accessors[accessor].count = count;
-    padToFour(file);
-    document.bufferLength = view.offset + (bytes + 3) / 4 * 4;
-  }
-
   static constexpr size_t kIndexChunkBytes = size_t(1) << 16;
 
   const MeshData& mesh_;
@@ -400,6 +443,20 @@ class GlbFile {
       accessor.type = k % 4 == 0 || k % 4 == 1 ? "VEC3" : k % 4 == 2 ? "VEC2" : "SCALAR";
       document_.accessors.push_back(accessor);
       document_.views.push_back({0, 0, k % 4 == 3 ? kElementArrayBuffer : kArrayBuffer});
+    }
+  }
+
+  // Two accessors for the line strips after the primitives' (positions, indices), drawn in the
+  // material added last.
+  void planLines(const ExportMaterial& material) {
+    addMaterial(material, true);
+    document_.hasLines = true;
+    for (int k = 0; k < 2; ++k) {
+      Accessor accessor;
+      accessor.view = int(document_.views.size());
+      accessor.type = k == 0 ? "VEC3" : "SCALAR";
+      document_.accessors.push_back(accessor);
+      document_.views.push_back({0, 0, k == 0 ? kArrayBuffer : kElementArrayBuffer});
     }
   }
 
@@ -506,7 +563,12 @@ class GlbFile {
 }  // namespace
 
 bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
-  if (!ExportableMesh::check(mesh, "glTF")) return false;
+  return write(mesh, LineStrips(), -1, path);
+}
+
+bool GlbWriter::write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+                      const std::string& path) const {
+  if (!ExportableMesh::check(mesh, "glTF") || !ExportableMesh::check(lines, "glTF")) return false;
   GlbFile glb(path, options_);
   glb.phase("orient");
   const ShellOrientation shells(mesh);
@@ -515,6 +577,7 @@ bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
     glb.addMaterial(materials_.lookup(primitive.material), primitive.open);
   }
   glb.planGeometry(primitives.size());
+  if (lines.hasSegments()) glb.planLines(materials_.lookup(lineMaterial));
   glb.phase("normals");
   const CornerNormals normals(mesh, creaseAngle_);
   if (!glb.begin()) return false;
@@ -524,6 +587,10 @@ bool GlbWriter::write(const MeshData& mesh, const std::string& path) const {
     writer.weld(primitives[k], glb.firstAccessor(k));
     glb.phase("write");
     writer.write(glb.firstAccessor(k));
+  }
+  if (lines.hasSegments()) {
+    glb.phase("lines");
+    writeLines(glb.file(), glb.document(), glb.firstAccessor(primitives.size()), lines);
   }
   const bool written = glb.finish();
   if (options_.phaseTimes) options_.phaseTimes->end();

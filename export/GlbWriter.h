@@ -13,6 +13,8 @@
 //     texture coordinate share a vertex, numbered in the order they first appear;
 //   - indices are 16-bit while a primitive's polygons have at most 65 535 corners (so at most as
 //     many vertices), 32-bit beyond;
+//   - line strips (hair, grass) become one primitive of mode LINES after the triangles, with
+//     positions only and the material of their index;
 //   - materials: the colour, read as sRGB, becomes the linear base colour; no metal; names become
 //     valid UTF-8 (Utf8Text); a texture file is referenced by a percent-encoded relative URI
 //     (TextureReference) or, with embedTextures, stored in the file (read beside the output
@@ -26,6 +28,7 @@
 #include <vector>
 
 #include "export/ExportMaterial.h"
+#include "export/LineStrips.h"
 #include "export/MaterialTable.h"
 #include "export/WriteOptions.h"
 #include "geometry/MeshData.h"
@@ -44,6 +47,9 @@ class GlbWriter {
   // False with a message through messageSink when the mesh is not exportable or the file cannot
   // be written; an earlier file at path is then left as it was.
   bool write(const MeshData& mesh, const std::string& path) const;
+  // The mesh and, in the same file, the line strips drawn in material lineMaterial.
+  bool write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+             const std::string& path) const;
 
   // sRGB to linear light, for a value in 0 to 1.
   static double linearFromSrgb(double value);

@@ -223,24 +223,32 @@ std::string ObjWriter::materialLibraryPath(const std::string& objPath) {
 }
 
 bool ObjWriter::write(const MeshData& mesh, const std::string& path) const {
-  if (!ExportableMesh::check(mesh, "OBJ")) return false;
+  return write(mesh, LineStrips(), -1, path);
+}
+
+bool ObjWriter::write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+                      const std::string& path) const {
+  if (!ExportableMesh::check(mesh, "OBJ") || !ExportableMesh::check(lines, "OBJ")) return false;
   const std::string libraryPath = materialLibraryPath(path);
   AtomicFile library(libraryPath, options_.replaceAnyFile), obj(path, options_.replaceAnyFile);
   if (!library.open() || !obj.open()) return false;
   if (options_.phaseTimes) options_.phaseTimes->begin("orient");
   const ShellOrientation shells(mesh);
-  writeMaterialLibrary(library, mesh, path);
+  std::set<int> used = MaterialTable::usedIndices(mesh);
+  if (lines.hasSegments()) used.insert(lineMaterial);
+  writeMaterialLibrary(library, used, path);
   writeObj(obj, mesh, baseName(libraryPath), shells);
+  writeLines(obj, lines, lineMaterial, mesh.points.size() + 1);
   const bool written = AtomicFile::commitPair(library, obj);
   if (options_.phaseTimes) options_.phaseTimes->end();
   return written;
 }
 
-void ObjWriter::writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
+void ObjWriter::writeMaterialLibrary(AtomicFile& out, const std::set<int>& used,
                                      const std::string& objPath) const {
   out.write("# Morvo\n");
   std::set<std::string> checked;
-  for (int index : MaterialTable::usedIndices(mesh)) {
+  for (int index : used) {
     const ExportMaterial material = materials_.lookup(index);
     out.write("\nnewmtl " + objName(material.name) + "\n");
     // Colours come from single-precision files: their shortest float text is what was meant.
@@ -273,6 +281,25 @@ void ObjWriter::writeObj(AtomicFile& out, const MeshData& mesh, const std::strin
   FaceWriter faces(out, mesh, shells, normals);
   for (int index : MaterialTable::usedIndices(mesh)) {
     faces.writeMaterial(index, objName(materials_.lookup(index).name));
+  }
+}
+
+void ObjWriter::writeLines(AtomicFile& out, const LineStrips& lines, int lineMaterial,
+                           size_t firstIndex) const {
+  if (!lines.hasSegments()) return;
+  for (const Vector3& point : lines.points) {
+    const Vector3 p = FileAxes::fromLibrary(point);
+    (Line("v") << p.x << p.y << p.z).writeTo(out);
+  }
+  out.write("g lines\nusemtl " + objName(materials_.lookup(lineMaterial).name) + "\n");
+  size_t start = firstIndex;
+  for (uint32_t count : lines.counts) {
+    if (count >= 2) {
+      Line strip("l");
+      for (size_t k = 0; k < count; ++k) strip << start + k;
+      strip.writeTo(out);
+    }
+    start += count;
   }
 }
 

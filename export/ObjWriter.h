@@ -16,15 +16,19 @@
 //     of negative volume with their corners reversed, so that every closed shell faces outward
 //     (ShellOrientation);
 //   - "Kd" is the colour as given, within 0 to 1; "map_Kd" a relative reference inside the
-//     output's folder (TextureReference), with a warning when the file is not beside the output.
+//     output's folder (TextureReference), with a warning when the file is not beside the output;
+//   - line strips (hair, grass) follow the faces: their points as "v" lines, then one "l" line
+//     per strip under the group "lines" and the strips' material.
 // Names are written with blanks replaced by '_'. Both files are written under temporary names and
 // committed as a pair: both appear, or neither changes.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
 #include "export/ExportMaterial.h"
+#include "export/LineStrips.h"
 #include "export/MaterialTable.h"
 #include "export/WriteOptions.h"
 #include "geometry/MeshData.h"
@@ -46,14 +50,19 @@ class ObjWriter {
   // Writes path and, beside it, the same name with the suffix .mtl. False with a message
   // through messageSink when the mesh is not exportable or a file cannot be written.
   bool write(const MeshData& mesh, const std::string& path) const;
+  // The mesh and, in the same file, the line strips drawn in material lineMaterial.
+  bool write(const MeshData& mesh, const LineStrips& lines, int lineMaterial,
+             const std::string& path) const;
 
   static std::string materialLibraryPath(const std::string& objPath);
 
  private:
-  void writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
+  void writeMaterialLibrary(AtomicFile& out, const std::set<int>& used,
                             const std::string& objPath) const;
   void writeObj(AtomicFile& out, const MeshData& mesh, const std::string& libraryName,
                 const ShellOrientation& shells) const;
+  void writeLines(AtomicFile& out, const LineStrips& lines, int lineMaterial,
+                  size_t firstIndex) const;
 
   MaterialTable materials_;
   double creaseAngle_;

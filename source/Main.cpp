@@ -1,5 +1,6 @@
 #include "source/Main.h"
 
+#include <utility>
 #include <vector>
 
 #include "core/MessageSink.h"
@@ -8,6 +9,7 @@
 #include "host/HostConsole.h"
 #include "host/PluginLoader.h"
 #include "host/PluginRegistry.h"
+#include "source/About.h"
 #include "source/BranchObject.h"
 #include "source/C4dMessageHandler.h"
 #include "source/C4dProgressHandler.h"
@@ -16,12 +18,15 @@
 #include "source/DeviationObject.h"
 #include "source/HydraObject.h"
 #include "source/InstanceProgress.h"
+#include "source/MGrassTag/MGrassTagData.h"
 #include "source/MorvoTagData.h"
 #include "source/MvrLoader.h"
 #include "source/PhyllotaxisObject.h"
 #include "source/PluginIds.h"
+#include "source/Toolbar.h"
 #include "source/TropismObject.h"
 #include "source/VariationObject.h"
+#include "source/Website.h"
 
 namespace {
 
@@ -60,7 +65,32 @@ Bool registerNodeClass(Int32 id, PluginKind kind, const char* prefix, Int32 stri
   return RegisterObjectPlugin(id, name, info, allocator, description, nullptr, 0);
 }
 
+// A menu command under its prefix and resource string, skipped like a node class when the
+// string is empty; the registry takes the command.
+Bool registerCommand(Int32 id, const char* prefix, Int32 stringId, CommandData* command) {
+  const String text = GeLoadString(stringId);
+  if (text.empty()) {
+    delete command;
+    return true;
+  }
+  return RegisterCommandPlugin(id, String(prefix) + text, 0, nullptr, String(), command);
+}
+
+// The commands of the menu and its separator lines, which are About objects named by their
+// prefix alone.
+Bool registerCommands() {
+  Bool registered = registerCommand(ID_TOOLBAR, "#$06", 10013, new Toolbar);
+  registered = registerCommand(ID_WEBSITE, "#$07", 10014, new Website) && registered;
+  const std::pair<Int32, const char*> separators[] = {
+      {ID_SEPARATOR_1, "#$08--"}, {ID_SEPARATOR_2, "#$13--"}, {ID_SEPARATOR_3, "#$15--"}};
+  for (const auto& [id, prefix] : separators) {
+    registered = RegisterCommandPlugin(id, prefix, 0, nullptr, String(), new About) && registered;
+  }
+  return registered;
+}
+
 constexpr Int32 kGeneratorInput = OBJECT_GENERATOR | OBJECT_INPUT;
+constexpr Int32 kGrassTagInfo = TAG_VISIBLE | TAG_EXPRESSION;
 constexpr Int32 kDataTagInfo = TAG_VISIBLE | TAG_HIERARCHICAL | PLUGINFLAG_HIDE;
 
 const std::vector<RegistrationRow>& startRows() {
@@ -71,6 +101,7 @@ const std::vector<RegistrationRow>& startRows() {
                                   &MorvoTagData::Alloc, "Tmorvodata");
        },
        "Morvo Error: no MorvoTag"},
+      {&registerCommands, "Morvo Error: no Commands"},
       {[] {
          return registerNodeClass(ID_BRANCH_OBJECT, PluginKind::Object, "#$09", 10000,
                                   kGeneratorInput, &BranchObject::Alloc, "Obranch");
@@ -106,6 +137,11 @@ const std::vector<RegistrationRow>& startRows() {
                                   OBJECT_MODIFIER, &DeviationObject::Alloc, "Odeviation");
        },
        "Morvo Error: no DeviationObject"},
+      {[] {
+         return registerNodeClass(ID_GRASS_TAG, PluginKind::Tag, "", 10026, kGrassTagInfo,
+                                  &MGrassTagData::Alloc, "TMGrassTag");
+       },
+       "Morvo Error: no MGrassTag"},
   };
   return rows;
 }
@@ -122,6 +158,7 @@ Bool registerSceneLoader() {
 // Rows after the loaded line: the first that fails stops the start.
 const std::vector<RegistrationRow>& finalRows() {
   static const std::vector<RegistrationRow> rows = {
+      {[] { return registerCommand(ID_ABOUT, "#$05", 10011, new About); }, ""},
       {&registerSceneLoader, ""},
   };
   return rows;

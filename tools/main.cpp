@@ -105,6 +105,9 @@ int main(int argc, char** argv) {
   addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
+  addGrassCommand(app, result);
+  addAboutCommand(app, result);
+  addDocsUrlCommand(app, result);
   addImportCommand(app, result);
   addNewCommand(app, result);
   addTreeCommand(app, result);

@@ -51,7 +51,7 @@ inline mv::Vector3 at(const std::vector<double>& values, size_t vertex) {
   return {values[3 * vertex], values[3 * vertex + 1], values[3 * vertex + 2]};
 }
 
-// All primitives of the model's meshes as one soup of positions and triangles.
+// All triangle primitives of the model's meshes as one soup of positions and triangles.
 struct TriangleSoup {
   std::vector<mv::Vector3> positions;
   std::vector<std::array<uint32_t, 3>> triangles;
@@ -61,6 +61,7 @@ inline TriangleSoup triangleSoup(const tinygltf::Model& model) {
   TriangleSoup soup;
   for (const tinygltf::Mesh& mesh : model.meshes) {
     for (const tinygltf::Primitive& primitive : mesh.primitives) {
+      if (primitive.mode != TINYGLTF_MODE_TRIANGLES) continue;  // lines hold no triangles
       const uint32_t first = uint32_t(soup.positions.size());
       const std::vector<double> p = accessorValues(model, primitive.attributes.at("POSITION"));
       for (size_t v = 0; v < p.size() / 3; ++v) soup.positions.push_back(at(p, v));

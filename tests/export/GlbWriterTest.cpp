@@ -144,3 +144,50 @@ TEST(GlbWriter, refusesWhatCannotBeWritten) {
   EXPECT_EQ(capture.errors.back(), "glTF: a point is not a finite single-precision number");
   EXPECT_FALSE(std::filesystem::exists(path));
 }
+
+// Two blades of three points and a single point that draws nothing.
+mv::LineStrips sampleStrips() {
+  mv::LineStrips lines;
+  lines.add({{0, 0, 0}, {0, 0, 1}, {0.5, 0, 2}});
+  lines.add({{4, 4, 4}});
+  lines.add({{1, 2, 0}, {1, 2.5, 1}, {1, 3, 1.5}});
+  return lines;
+}
+
+TEST(GlbWriter, lineStripsBecomeOneLinePrimitiveAfterTheTriangles) {
+  const mv::LineStrips lines = sampleStrips();
+  const std::string path = testOutputPath("strips.glb");
+  mv::ExportMaterial grass;
+  grass.name = "grass";
+  ASSERT_TRUE(mv::GlbWriter({grass}).write(sampleMesh(), lines, 0, path));
+  writeSampleTexture(testOutputPath("bark.png"));
+  const tinygltf::Model model = readGlb(path);
+  ASSERT_EQ(model.meshes.at(0).primitives.size(), 4u);
+  const tinygltf::Primitive& primitive = model.meshes[0].primitives.back();
+  EXPECT_EQ(primitive.mode, TINYGLTF_MODE_LINE);
+  EXPECT_EQ(model.materials[size_t(primitive.material)].name, "grass");
+  const std::vector<double> positions = accessorValues(model, primitive.attributes.at("POSITION"));
+  const std::vector<double> indices = accessorValues(model, primitive.indices);
+  EXPECT_EQ(indices, (std::vector<double>{0, 1, 1, 2, 4, 5, 5, 6}));
+  ASSERT_EQ(positions.size(), 3 * lines.points.size());
+  for (size_t k = 0; k < lines.points.size(); ++k) {
+    EXPECT_EQ(mv::FileAxes::toLibrary(at(positions, k)), lines.points[k]) << "point " << k;
+  }
+}
+
+TEST(GlbWriter, linesAloneMakeAFileAndBadStripsAreRefused) {
+  const std::string path = testOutputPath("strips-only.glb");
+  ASSERT_TRUE(mv::GlbWriter().write(mv::MeshData(), sampleStrips(), 0, path));
+  EXPECT_EQ(readGlb(path).meshes.at(0).primitives.size(), 1u);
+
+  CapturingMessageHandler capture;
+  mv::LineStrips short_ = sampleStrips();
+  short_.counts.back() = 4;
+  EXPECT_FALSE(mv::GlbWriter().write(mv::MeshData(), short_, 0, testOutputPath("bad.glb")));
+  EXPECT_EQ(capture.errors.back(), "glTF: the line strips do not add up to their points");
+  mv::LineStrips far = sampleStrips();
+  far.points[2].x = std::nan("");
+  EXPECT_FALSE(mv::GlbWriter().write(mv::MeshData(), far, 0, testOutputPath("bad.glb")));
+  EXPECT_EQ(capture.errors.back(), "glTF: a line point is not a finite single-precision number");
+  EXPECT_FALSE(std::filesystem::exists(testOutputPath("bad.glb")));
+}

@@ -200,3 +200,33 @@ TEST(ObjWriter, insideOutCubeIsWrittenOutwardWithFlatNormals) {
   EXPECT_NE(text.find("\ns off\nf "), std::string::npos);
   EXPECT_EQ(text.find("s 1"), std::string::npos);
 }
+
+TEST(ObjWriter, lineStripsFollowTheFacesAsLLinesOfTheirMaterial) {
+  mv::LineStrips lines;
+  lines.add({{0, 0, 0}, {0, 0, 1}, {0.5, 0, 2}});
+  lines.add({{4, 4, 4}});
+  lines.add({{1, 2, 0}, {1, 3, 1.5}});
+  const mv::MeshData mesh = sampleMesh();
+  const std::string path = testOutputPath("strips.obj");
+  std::vector<mv::ExportMaterial> materials(3);
+  materials[2].name = "grass";
+  ASSERT_TRUE(mv::ObjWriter(materials).write(mesh, lines, 2, path));
+  const ObjFile file = readObj(path);
+  const size_t first = mesh.points.size();
+  ASSERT_EQ(file.attrib.vertices.size(), 3 * (first + lines.points.size()));
+  for (size_t k = 0; k < lines.points.size(); ++k) {
+    const size_t v = 3 * (first + k);
+    const mv::Vector3 p(file.attrib.vertices[v], file.attrib.vertices[v + 1],
+                        file.attrib.vertices[v + 2]);
+    expectNear(mv::FileAxes::toLibrary(p), lines.points[k], 1e-15);
+  }
+  const tinyobj::shape_t& shape = file.shapes.back();
+  EXPECT_EQ(shape.name, "lines");
+  EXPECT_EQ(shape.lines.num_line_vertices, (std::vector<int>{3, 2}));
+  std::vector<int> indices;
+  for (const tinyobj::index_t& index : shape.lines.indices) indices.push_back(index.vertex_index);
+  const int f = int(first);
+  EXPECT_EQ(indices, (std::vector<int>{f, f + 1, f + 2, f + 4, f + 5}));
+  EXPECT_NE(contents(mv::ObjWriter::materialLibraryPath(path)).find("newmtl grass"),
+            std::string::npos);
+}

@@ -22,6 +22,12 @@ void addPrimitivesCommand(CLI::App& app, CommandResult& result);
 void addDemoCommand(CLI::App& app, CommandResult& result);
 // morvo render FILE.mvr -o OUT.obj|OUT.glb: a scene file rendered through the classic scene graph.
 void addRenderCommand(CLI::App& app, CommandResult& result);
+// morvo grass SURFACE -o OUT.glb|OUT.obj [--count --segments --length --variation --noise
+// --clump]: a lawn grown by the grass tag on a surface from a document, an OBJ or a glTF file.
+void addGrassCommand(CLI::App& app, CommandResult& result);
+// morvo about: the About dialog's texts; morvo docs-url: the web documentation's address.
+void addAboutCommand(CLI::App& app, CommandResult& result);
+void addDocsUrlCommand(CLI::App& app, CommandResult& result);
 // morvo import FILE.mvr -o FILE.morvo: a scene file opened as a document, in polygon or generator
 // mode.
 void addImportCommand(CLI::App& app, CommandResult& result);

@@ -1,5 +1,9 @@
 #include "commands/DocumentRender.h"
 
+#include <vector>
+
+#include "commands/HairLines.h"
+
 #include "commands/MeshFile.h"
 #include "commands/PluginSession.h"
 
@@ -35,11 +39,18 @@ int renderDocument(const std::string& input, const std::string& output, bool sep
   if (separate) separateInstances(doc->GetFirstObject());
   DocumentMesh collected;
   bool ok = collected.collect(doc);
+  // Hair (a lawn of the grass tag, say) goes out as lines in a material of its own.
+  const mv::LineStrips hair = HairLines::ofDocument(doc);
   BaseDocument::Free(doc);
   if (!ok) return 1;
-  if (!writeMeshFile(collected.mesh(), collected.materials(), output)) return 1;
+  std::vector<mv::ExportMaterial> materials = collected.materials();
+  const int hairMaterial = int(materials.size());
+  materials.push_back({"Hair", 0.25, 0.6, 0.12, ""});
+  if (!writeMeshFile(collected.mesh(), materials, hair, hairMaterial, output)) return 1;
+  const std::string hairs =
+      hair.counts.empty() ? "" : ", " + std::to_string(hair.counts.size()) + " hairs";
   mv::messageSink.info("render: " + std::to_string(collected.mesh().polygons.size()) +
-                       " polygons, " + std::to_string(collected.mesh().points.size()) +
-                       " points written to " + output);
+                       " polygons, " + std::to_string(collected.mesh().points.size()) + " points" +
+                       hairs + " written to " + output);
   return 0;
 }

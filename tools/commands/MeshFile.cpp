@@ -17,12 +17,18 @@ bool checkMeshFileName(const std::string& command, const std::string& path) {
 
 bool writeMeshFile(const mv::MeshData& mesh, const std::vector<mv::ExportMaterial>& materials,
                    const std::string& path, const mv::WriteOptions& options) {
+  return writeMeshFile(mesh, materials, mv::LineStrips(), -1, path, options);
+}
+
+bool writeMeshFile(const mv::MeshData& mesh, const std::vector<mv::ExportMaterial>& materials,
+                   const mv::LineStrips& lines, int lineMaterial, const std::string& path,
+                   const mv::WriteOptions& options) {
   if (endsWith(path, ".obj")) {
     mv::ObjWriter writer(materials);
     writer.setOptions(options);
-    return writer.write(mesh, path);
+    return writer.write(mesh, lines, lineMaterial, path);
   }
   mv::GlbWriter writer(materials);
   writer.setOptions(options);
-  return writer.write(mesh, path);
+  return writer.write(mesh, lines, lineMaterial, path);
 }

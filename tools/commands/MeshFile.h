@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "export/ExportMaterial.h"
+#include "export/LineStrips.h"
 #include "export/WriteOptions.h"
 #include "geometry/MeshData.h"
 
@@ -16,5 +17,9 @@ bool checkMeshFileName(const std::string& command, const std::string& path);
 // when the file could not be written.
 bool writeMeshFile(const mv::MeshData& mesh, const std::vector<mv::ExportMaterial>& materials,
                    const std::string& path, const mv::WriteOptions& options = {});
+// The same with line strips (hair, grass) in the same file, drawn in material lineMaterial.
+bool writeMeshFile(const mv::MeshData& mesh, const std::vector<mv::ExportMaterial>& materials,
+                   const mv::LineStrips& lines, int lineMaterial, const std::string& path,
+                   const mv::WriteOptions& options = {});
 
 bool endsWith(const std::string& text, const std::string& suffix);
