@@ -99,7 +99,6 @@ int main(int argc, char** argv) {
   CommandResult result;
   addCurveCommand(app, result);
   addPrimitivesCommand(app, result);
-  addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
   addImportCommand(app, result);
