@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <limits>
@@ -171,19 +172,25 @@ void writeValues(AtomicFile& file, const std::vector<T>& values) {
   file.write(reinterpret_cast<const char*>(values.data()), values.size() * sizeof(T));
 }
 
-void padToFour(AtomicFile& file, char pad = 0) {
-  static const char zeros[4] = {0, 0, 0, 0}, blanks[4] = {' ', ' ', ' ', ' '};
-  const size_t missing = (4 - file.size() % 4) % 4;
-  file.write(pad == ' ' ? blanks : zeros, missing);
+void padToFour(AtomicFile& file) {
+  static const char zeros[4] = {0, 0, 0, 0};
+  file.write(zeros, (4 - file.size() % 4) % 4);
 }
 
 void writeWord(AtomicFile& file, uint64_t offset, uint32_t word) {
   file.writeAt(offset, reinterpret_cast<const char*>(&word), 4);
 }
 
-std::string readFile(const std::string& path) {
+// The bytes of a picture to store; empty unless path is a regular file of a picture's size (a
+// scene may name a device or a huge file).
+std::string readImage(const std::string& path) {
+  constexpr uintmax_t kLargestImage = uintmax_t(1) << 28;
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error) ||
+      std::filesystem::file_size(path, error) > kLargestImage || error) {
+    return "";
+  }
   std::ifstream in(path, std::ios::binary);
-  if (!in) return "";
   return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
@@ -459,21 +466,33 @@ class GlbFile {
     Image image;
     image.uri = TextureReference::uri(reference);
     const std::string beside = TextureReference::besideOutput(reference, path_);
-    std::string bytes = readFile(beside);
-    if (options_.embedTextures && bytes.empty()) bytes = readFile(textureFile);
-    if (bytes.empty()) {
+    std::error_code error;
+    if (!std::filesystem::exists(beside, error)) {
       messageSink.warning("texture \"" + reference + "\" is not found beside " + path_);
-    } else if (options_.embedTextures && imageMimeType(bytes).empty()) {
-      messageSink.warning("texture \"" + reference +
+    }
+    if (options_.embedTextures) embed(image, {beside, reference}, textureFile);
+    document_.images.push_back(std::move(image));
+    return textures_[reference] = int(document_.images.size()) - 1;
+  }
+
+  // Stores the picture found beside the output, or else at the same relative reference from the
+  // current folder, in the file. Only references inside those folders are read: a scene cannot
+  // have any other file of the machine copied into its output.
+  void embed(Image& image, const std::array<std::string, 2>& places,
+             const std::string& textureFile) {
+    std::string bytes = readImage(places[0]);
+    if (bytes.empty()) bytes = readImage(places[1]);
+    if (bytes.empty()) {
+      messageSink.warning("texture \"" + textureFile + "\" cannot be read; referenced, not stored");
+    } else if (imageMimeType(bytes).empty()) {
+      messageSink.warning("texture \"" + textureFile +
                           "\" is neither PNG nor JPEG; referenced, not stored");
-    } else if (options_.embedTextures) {
+    } else {
       image.mimeType = imageMimeType(bytes);
       image.bytes = std::move(bytes);
       image.view = int(document_.views.size());
       document_.views.push_back({});
     }
-    document_.images.push_back(std::move(image));
-    return textures_[reference] = int(document_.images.size()) - 1;
   }
 
   std::string path_;

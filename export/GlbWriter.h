@@ -15,8 +15,9 @@
 //     many vertices), 32-bit beyond;
 //   - materials: the colour, read as sRGB, becomes the linear base colour; no metal; names become
 //     valid UTF-8 (Utf8Text); a texture file is referenced by a percent-encoded relative URI
-//     (TextureReference) or, with embedTextures, stored in the file. A texture that is not found
-//     beside the output (or, to embed, there or as named) gets a warning.
+//     (TextureReference) or, with embedTextures, stored in the file (read beside the output
+//     or at the same reference from the current folder, never elsewhere). A texture that is not
+//     found beside the output, or cannot be stored, gets a warning.
 // The file is written as it is made, one primitive at a time (its indices while its polygons are
 // welded, then its vertices), under a temporary name that is renamed at the end (AtomicFile).
 #pragma once

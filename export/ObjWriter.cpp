@@ -15,6 +15,7 @@
 #include "export/ExportableMesh.h"
 #include "export/FileAxes.h"
 #include "export/PhaseTimes.h"
+#include "export/RecordWeld.h"
 #include "export/ShellOrientation.h"
 #include "export/TextureReference.h"
 
@@ -24,12 +25,23 @@ namespace {
 
 constexpr uint32_t kNoGroup = 0xffffffffu;
 
+bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
+
+// A name as one word of a line: blanks, controls and the comment sign become '_'.
 std::string objName(const std::string& name) {
   std::string result = name.empty() ? "unnamed" : name;
   for (char& c : result) {
-    if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '#') c = '_';
+    if (c == ' ' || c == '#' || isControl(c)) c = '_';
   }
   return result;
+}
+
+// A file reference as the rest of a line: no control may end the line early.
+std::string lineText(std::string text) {
+  for (char& c : text) {
+    if (isControl(c)) c = '_';
+  }
+  return text;
 }
 
 std::string baseName(const std::string& path) {
@@ -77,32 +89,37 @@ const TexturePolygon& texturePolygonOf(const MeshData& mesh, uint32_t polygon) {
   return polygon < mesh.texturePolygons.size() ? mesh.texturePolygons[polygon] : none;
 }
 
-// The corners' texture coordinates and normals: one "vt" and one "vn" line for each distinct
-// pair at a point, written when first used, so that a corner's texture and normal indices are
-// equal. Indices from 1.
+// The corners' texture coordinates and normals, each line written when first used; indices
+// from 1. A texture coordinate is shared by every corner with the same value (leaves repeat one
+// layout thousands of times); a normal by the corners of one point that agree on it.
 class CornerLines {
  public:
-  explicit CornerLines(size_t points) : weld_(points, 7) {}
+  explicit CornerLines(size_t points) : textures_(4, 1024), normals_(points, 3) {}
 
-  uint32_t indexOf(AtomicFile& out, uint32_t point, const Vector3& libraryNormal,
-                   const Vector3& uv) {
+  uint32_t texture(AtomicFile& out, const Vector3& uv) {
+    const double value[2] = {uv.x, 1.0 - uv.y};
+    uint32_t words[4];
+    std::memcpy(words, value, sizeof words);
+    const size_t before = textures_.size();
+    const uint32_t index = textures_.indexOf(words);
+    if (textures_.size() > before) (Line("vt") << value[0] << value[1]).writeTo(out);
+    return index + 1;
+  }
+
+  uint32_t normal(AtomicFile& out, uint32_t point, const Vector3& libraryNormal) {
     const Vector3 n = FileAxes::fromLibrary(libraryNormal);
-    const float normal[3] = {float(n.x), float(n.y), float(n.z)};
-    const double texture[2] = {uv.x, 1.0 - uv.y};
-    uint32_t attributes[7];
-    std::memcpy(attributes, normal, sizeof normal);
-    std::memcpy(attributes + 3, texture, sizeof texture);
+    const float value[3] = {float(n.x), float(n.y), float(n.z)};
+    uint32_t words[3];
+    std::memcpy(words, value, sizeof words);
     bool added;
-    const uint32_t index = weld_.indexOf(point, attributes, added);
-    if (added) {
-      (Line("vt") << texture[0] << texture[1]).writeTo(out);
-      (Line("vn") << normal[0] << normal[1] << normal[2]).writeTo(out);
-    }
+    const uint32_t index = normals_.indexOf(point, words, added);
+    if (added) (Line("vn") << value[0] << value[1] << value[2]).writeTo(out);
     return index + 1;
   }
 
  private:
-  CornerWeld weld_;
+  RecordWeld textures_;
+  CornerWeld normals_;
 };
 
 // Each polygon's group suffix: the names of the selections it belongs to, in the order of the
@@ -165,20 +182,21 @@ class FaceWriter {
     const uint32_t points[4] = {polygon.a, polygon.b, polygon.c, polygon.d};
     const int corners = polygon.isTriangle() ? 3 : 4;
     const bool reversed = shells_.reversed(i);
-    uint32_t vertex[4];
+    uint32_t normal[4], texture[4];
     bool flat = true;
     const Vector3 first = normals_.at(i, 0) * (reversed ? -1.0 : 1.0);
     for (int k = 0; k < corners; ++k) {
-      const Vector3 normal = k == 0 ? first : normals_.at(i, k) * (reversed ? -1.0 : 1.0);
-      flat = flat && normal == first;
-      vertex[k] = lines_.indexOf(out_, points[k], normal, *uvs[k]);
+      const Vector3 corner = k == 0 ? first : normals_.at(i, k) * (reversed ? -1.0 : 1.0);
+      flat = flat && corner == first;
+      normal[k] = lines_.normal(out_, points[k], corner);
+      texture[k] = lines_.texture(out_, *uvs[k]);
     }
     const char* smoothing = flat ? "off" : "1";
     if (smoothing_ != smoothing) out_.write("s " + (smoothing_ = smoothing) + "\n");
     Line face("f");
     for (int n = 0; n < corners; ++n) {
       const int k = reversed ? (corners - n) % corners : n;  // a, then backwards
-      face.corner(points[k] + 1, vertex[k], vertex[k]);
+      face.corner(points[k] + 1, texture[k], normal[k]);
     }
     face.writeTo(out_);
   }
@@ -236,7 +254,7 @@ void ObjWriter::writeMaterialLibrary(AtomicFile& out, const MeshData& mesh,
         !std::filesystem::exists(TextureReference::besideOutput(reference, objPath))) {
       messageSink.warning("texture \"" + reference + "\" is not found beside " + objPath);
     }
-    out.write("map_Kd " + reference + "\n");
+    out.write("map_Kd " + lineText(reference) + "\n");
   }
 }
 

@@ -2,12 +2,12 @@
 //
 //   - points become "v" lines in file axes (y up, see FileAxes), in the mesh's order, each number
 //     in the shortest text that reads back to the same double;
-//   - each distinct corner of a point, by texture coordinate and normal, becomes one "vt" and one
-//     "vn" line with the same index, written before the first face that uses it: the texture
-//     coordinate with v flipped (1 - v), because OBJ counts v upward from the bottom of the image
-//     while the mesh counts it downward, as glTF; the normal in single precision, computed with a
-//     crease angle as for glTF (CornerNormals); a face whose corners share one normal is flat
-//     ("s off"), any other smooth ("s 1");
+//   - each distinct texture coordinate becomes one "vt" line, v flipped (1 - v) because OBJ
+//     counts v upward from the bottom of the image while the mesh counts it downward, as glTF;
+//   - each distinct normal of a point's corners becomes one "vn" line (single precision),
+//     computed with a crease angle as for glTF (CornerNormals); a face whose corners share one
+//     normal is flat ("s off"), any other smooth ("s 1"); "vt" and "vn" lines come just before
+//     the first face that uses them;
 //   - faces are grouped by material index, ascending, in the mesh's order within a material, each
 //     run under "g" and "usemtl"; the group line names the material and then every polygon
 //     selection the faces belong to, so "g bark C1" holds the faces of material bark that are in

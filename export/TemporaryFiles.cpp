@@ -54,7 +54,11 @@ void TemporaryFiles::installHandlers() {
   struct sigaction action {};
   action.sa_handler = &TemporaryFiles::onSignal;
   sigemptyset(&action.sa_mask);
-  for (int k = 0; k < 3; ++k) sigaction(kSignals[k], &action, &previous[k]);
+  for (int k = 0; k < 3; ++k) {
+    // A signal the process ignores (SIGHUP under nohup) stays ignored.
+    sigaction(kSignals[k], nullptr, &previous[k]);
+    if (previous[k].sa_handler != SIG_IGN) sigaction(kSignals[k], &action, nullptr);
+  }
 }
 
 void TemporaryFiles::onSignal(int signal) {

@@ -1,7 +1,8 @@
 // TemporaryFiles: the temporary files that writers have open, removed when the process is
 // interrupted (SIGINT, SIGTERM, SIGHUP) so that an interrupted render leaves no file behind.
-// The handlers are installed with the first registration; after removing the files they restore
-// the previous handler and raise the signal again, so the process ends as it would have.
+// The handlers are installed with the first registration, for the signals the process does not
+// ignore; after removing the files they restore the previous handler and raise the signal again,
+// so the process ends as it would have.
 #pragma once
 
 #include <string>

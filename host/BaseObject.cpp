@@ -5,6 +5,7 @@
 #include "host/AliasTrans.h"
 #include "host/BaseDocument.h"
 #include "host/BaseTag.h"
+#include "host/HairObject.h"
 #include "host/HierarchyHelp.h"
 #include "host/LineObject.h"
 #include "host/ObjectData.h"
@@ -39,6 +40,9 @@ BaseObject* BaseObject::Alloc(Int32 type) {
       break;
     case Offd:
       op = new PointObject(Offd);
+      break;
+    case Ohair:
+      op = new HairObject();
       break;
     default:
       op = new BaseObject(type);

@@ -5,6 +5,21 @@
 #include "host/GeUserArea.h"
 #include "host/InputIds.h"
 
+namespace {
+
+// A gadget of a kind, id, flags and minimum size; everything else keeps its default.
+DialogGadget gadgetOf(DialogGadget::Kind kind, Int32 id, Int32 flags, Int32 width, Int32 height) {
+  DialogGadget gadget;
+  gadget.kind = kind;
+  gadget.id = id;
+  gadget.flags = flags;
+  gadget.width = width;
+  gadget.height = height;
+  return gadget;
+}
+
+}  // namespace
+
 Bool GeDialog::Command(Int32, const BaseContainer&) { return true; }
 
 Int32 GeDialog::Message(const BaseContainer& msg, BaseContainer&) {
@@ -32,22 +47,13 @@ Bool GeDialog::add(DialogGadget gadget) {
 }
 
 Bool GeDialog::GroupBegin(Int32 id, Int32 flags, Int32 columns, Int32 rows) {
-  DialogGadget group;
-  group.id = id;
-  group.flags = flags;
-  group.width = columns;
-  group.height = rows;
-  return add(group);
+  return add(gadgetOf(DialogGadget::Group, id, flags, columns, rows));
 }
 
-Bool GeDialog::GroupEnd() {
-  DialogGadget end;
-  end.kind = DialogGadget::GroupEnd;
-  return add(end);
-}
+Bool GeDialog::GroupEnd() { return add(gadgetOf(DialogGadget::GroupEnd, 0, 0, 0, 0)); }
 
 Bool GeDialog::AddUserArea(Int32 id, Int32 flags, Int32 width, Int32 height) {
-  return add({DialogGadget::UserArea, id, flags, width, height});
+  return add(gadgetOf(DialogGadget::UserArea, id, flags, width, height));
 }
 
 Bool GeDialog::AttachUserArea(GeUserArea& area, Int32 id, Int32) {
@@ -62,17 +68,17 @@ Bool GeDialog::AttachUserArea(GeUserArea& area, Int32 id, Int32) {
 }
 
 Bool GeDialog::AddStaticText(Int32 id, Int32 flags, Int32 width, Int32 height, const String& text) {
-  DialogGadget gadget{DialogGadget::StaticText, id, flags, width, height};
+  DialogGadget gadget = gadgetOf(DialogGadget::StaticText, id, flags, width, height);
   gadget.text = text;
   return add(gadget);
 }
 
 Bool GeDialog::AddEditNumberArrows(Int32 id, Int32 flags, Int32 width, Int32 height) {
-  return add({DialogGadget::NumberField, id, flags, width, height});
+  return add(gadgetOf(DialogGadget::NumberField, id, flags, width, height));
 }
 
 Bool GeDialog::AddEditText(Int32 id, Int32 flags, Int32 width, Int32 height) {
-  return add({DialogGadget::TextField, id, flags, width, height});
+  return add(gadgetOf(DialogGadget::TextField, id, flags, width, height));
 }
 
 // A group's content runs from its begin to the matching end.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/DeformerGrid.h"
+#include "host/HairGenerator.h"
 #include "host/HostIds.h"
 #include "host/InstanceObject.h"
 #include "host/PluginRegistry.h"
@@ -51,6 +52,8 @@ void HostTypeTable::AddAll() {
   addType(Oinstance, PluginKind::Object, "Oinstance", OBJECT_GENERATOR, InstanceObject::Alloc);
   addType(Offd, PluginKind::Object, "Offd", points | OBJECT_GENERATOR | OBJECT_INPUT,
           DeformerGrid::Alloc);
+
+  addType(Ohair, PluginKind::Object, "Ohair", OBJECT_GENERATOR, HairGenerator::Alloc);
 
   addType(Tphong, PluginKind::Tag, "Tphong", TAG_VISIBLE);
   addType(Tdisplay, PluginKind::Tag, "Tdisplay", TAG_VISIBLE | TAG_HIERARCHICAL);

@@ -6,6 +6,7 @@
 //             Tropism and Deviation, and running a node without a host
 //   classic   scene graph, classic nodes and the solid primitives
 //   scene     scene files: chunk format, vocabulary, scene load, loader to the classic graph
+// Helpers that are no API live in <folder>/detail/ and are neither included here nor installed.
 // Link the CMake target Morvo::library.
 #pragma once
 
@@ -99,7 +100,6 @@
 #include "classic/Node.h"
 #include "classic/PhotoTurn.h"
 #include "classic/Plane.h"
-#include "classic/QuarterTurn.h"
 #include "classic/SceneGraph.h"
 #include "classic/SelectionMesh.h"
 #include "classic/Solid.h"
@@ -115,14 +115,9 @@
 #include "classic/ClassicSweep.h"
 #include "classic/ClassicTree.h"
 #include "classic/ClassicTropism.h"
-#include "classic/ClassicUnit.h"
-#include "classic/CountLimit.h"
 #include "classic/FramePhotoTurn.h"
-#include "classic/HornReading.h"
 #include "classic/TreeFrame.h"
 #include "classic/TreePrune.h"
-#include "classic/TreeSample.h"
-#include "classic/TreeTrunk.h"
 
 // scene
 #include "scene/Chunk.h"

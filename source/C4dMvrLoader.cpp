@@ -181,12 +181,10 @@ bool C4dMvrLoader::insertUnder(const std::string& child, const std::string& pare
   } else if (!document) {
     return false;
   }
-  const bool instance = insertedNames.count(child) != 0;
-  if (instance) {
+  // A second link stands as an instance; it goes into the tree at once, which then owns it.
+  if (insertedNames.count(child) != 0) {
     object = instanceOf(object);
     if (!object) return false;
-    // Kept with the created objects, so that one the document never takes is freed.
-    registerObject(child + "_Instance", object);
   }
   if (parentObject)
     object->InsertUnderLast(parentObject);

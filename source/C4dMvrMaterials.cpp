@@ -42,12 +42,12 @@ constexpr Int32 kProjectionUvw = 6;
 
 Vector vectorOf(const mv::MvrColor& color) { return Vector(color.red, color.green, color.blue); }
 
-// The texture's path: beside the scene file when it is there, else as the file gives it.
+// The texture's absolute path beside the scene file when it is there, else as the file gives it.
 std::string texturePath(const Filename& scene, const std::string& texture) {
   namespace fs = std::filesystem;
-  const fs::path beside = fs::path(scene.GetString()).parent_path() / texture;
   std::error_code error;
-  return fs::exists(beside, error) ? beside.string() : texture;
+  const fs::path beside = fs::absolute(fs::path(scene.GetString()).parent_path() / texture, error);
+  return !error && fs::exists(beside, error) ? beside.string() : texture;
 }
 
 void setChannel(BaseMaterial* material, Int32 channel, const Vector& color) {

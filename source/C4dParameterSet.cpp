@@ -229,11 +229,11 @@ Matrix C4dParameterSet::worldMatrix(BaseObject* object) {
 
 mv::CurveParam* C4dParameterSet::curveIn(BaseContainer* container, int id) {
   if (container == nullptr) return nullptr;
-  return static_cast<CurveDataType*>(container->GetCustomDataType(id, ID_CURVE_DATA_TYPE));
+  return static_cast<CurveDataType*>(container->GetCustomDataType(id, CURVE_TYPE_ID));
 }
 
 bool C4dParameterSet::storeCurve(BaseContainer* container, int id, const mv::CurveParam& curve) {
   if (container == nullptr) return false;
-  container->SetData(id, GeData(ID_CURVE_DATA_TYPE, CurveDataType(curve)));
-  return container->GetCustomDataType(id, ID_CURVE_DATA_TYPE) != nullptr;
+  container->SetData(id, GeData(CURVE_TYPE_ID, CurveDataType(curve)));
+  return container->GetCustomDataType(id, CURVE_TYPE_ID) != nullptr;
 }

@@ -1,6 +1,8 @@
-# Fails when a header of a library folder is missing from library/morvo.h.
+# Fails when a public header of a library folder (library/<folder>/*.h) is missing from
+# library/morvo.h, or when morvo.h includes a private one (library/<folder>/detail/*.h), which
+# is not installed.
 file(READ ${LIBRARY_DIR}/morvo.h umbrella)
-file(GLOB_RECURSE headers RELATIVE ${LIBRARY_DIR} ${LIBRARY_DIR}/*/*.h)
+file(GLOB headers RELATIVE ${LIBRARY_DIR} ${LIBRARY_DIR}/*/*.h)
 set(missing "")
 foreach(header ${headers})
   string(FIND "${umbrella}" "#include \"${header}\"" found)
@@ -11,3 +13,14 @@ endforeach()
 if(missing)
   message(FATAL_ERROR "morvo.h does not include: ${missing}")
 endif()
+string(REGEX MATCHALL "#include \"[a-z]+/detail/[A-Za-z]+\\.h\"" private "${umbrella}")
+if(private)
+  message(FATAL_ERROR "morvo.h includes private headers: ${private}")
+endif()
+# A public header that includes a private one could not be used once installed.
+foreach(header ${headers})
+  file(STRINGS ${LIBRARY_DIR}/${header} lines REGEX "#include \"[a-z]+/detail/")
+  if(lines)
+    message(FATAL_ERROR "${header} is public but includes a private header: ${lines}")
+  endif()
+endforeach()

@@ -98,6 +98,7 @@ int main(int argc, char** argv) {
   addVerbosityFlags(app, messages, progress);
   CommandResult result;
   addCurveCommand(app, result);
+  addCurveEditCommand(app, result);
   addPrimitivesCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);

@@ -1,11 +1,11 @@
 #include "classic/Attractor.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 #include <string>
 
 #include "classic/Node.h"
 #include "classic/SolidParameters.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "geometry/EditableMesh.h"
 

@@ -1,15 +1,15 @@
 #include "classic/ClassicHorn.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 
 #include "classic/ClassicRoles.h"
 #include "classic/ClassicSweep.h"
-#include "classic/ClassicUnit.h"
-#include "classic/CountLimit.h"
-#include "classic/HornReading.h"
 #include "classic/PhotoTurn.h"
+#include "classic/detail/ClassicUnit.h"
+#include "classic/detail/CountLimit.h"
+#include "classic/detail/HornReading.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 

@@ -1,12 +1,12 @@
 #include "classic/ClassicHydra.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 
 #include "classic/ClassicArrangement.h"
 #include "classic/ClassicRoles.h"
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 

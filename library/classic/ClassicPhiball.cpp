@@ -1,13 +1,13 @@
 #include "classic/ClassicPhiball.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "classic/ClassicArrangement.h"
 #include "classic/ClassicRoles.h"
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"

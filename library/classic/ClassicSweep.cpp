@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "classic/ClassicUnit.h"
 #include "classic/GridPatch.h"
 #include "classic/PhotoTurn.h"
+#include "classic/detail/ClassicUnit.h"
 #include "core/BaseNode.h"
 #include "core/MathConstants.h"
 #include "core/ParameterSet.h"

@@ -1,5 +1,4 @@
 #include "classic/ClassicTree.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,13 +6,14 @@
 #include "classic/ClassicRoles.h"
 #include "classic/ClassicSweep.h"
 #include "classic/ClassicTropism.h"
-#include "classic/ClassicUnit.h"
-#include "classic/CountLimit.h"
 #include "classic/FramePhotoTurn.h"
 #include "classic/PhotoTurn.h"
 #include "classic/TreePrune.h"
-#include "classic/TreeTrunk.h"
+#include "classic/detail/ClassicUnit.h"
+#include "classic/detail/CountLimit.h"
+#include "classic/detail/TreeTrunk.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"
 

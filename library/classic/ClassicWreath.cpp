@@ -1,10 +1,10 @@
 #include "classic/ClassicWreath.h"
-#include "core/MathConstants.h"
 
 #include "classic/ClassicArrangement.h"
 #include "classic/ClassicRoles.h"
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 
 namespace mv {

@@ -1,4 +1,4 @@
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 
 #include <cmath>
 

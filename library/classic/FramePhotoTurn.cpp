@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "classic/PhotoTurn.h"
-#include "classic/QuarterTurn.h"
+#include "classic/detail/QuarterTurn.h"
 #include "core/MathConstants.h"
 
 namespace mv {

@@ -1,6 +1,6 @@
-#include "classic/HornReading.h"
+#include "classic/detail/HornReading.h"
 
-#include "classic/ClassicUnit.h"
+#include "classic/detail/ClassicUnit.h"
 #include "core/ParameterSet.h"
 
 namespace mv {

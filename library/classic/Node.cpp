@@ -8,6 +8,7 @@
 #include "core/ChildRole.h"
 #include "core/MessageSink.h"
 #include "core/ProgressHandler.h"
+#include "geometry/GeomPrimitiveWriter.h"
 #include "geometry/MeshData.h"
 #include "geometry/OMeshDummy.h"
 #include "geometry/OPolygonStream.h"
@@ -188,43 +189,39 @@ void Node::evaluateChildren(EHierarchyHelp& help, OGeomStream& stream, EditableM
                             const std::vector<int>& roles, const PlacementList& placements,
                             int& selection, int& material) {
   const double base = help.depth * kProgressShareOfDepth;
-  const int live = livePlacements(roles, placements);
-  const double childSpan = base + live > 0 ? help.progressSpan / (base + live) : 0.0;
+  const std::vector<std::pair<Node*, const Placement*>> live = livePlacements(roles, placements);
+  const double childSpan =
+      base + live.size() > 0 ? help.progressSpan / (base + static_cast<double>(live.size())) : 0.0;
   double start = help.progressStart + base * help.progressSpan;
   if (help.progress) help.progress->setProgress(start);
-  for (size_t i = 0; i < children_.size(); ++i) {
-    const int role = roleOfChild(roles, i, simple_ != nullptr);
-    for (const PlacementGroup& group : placements) {
-      if (group.role != role) continue;
-      for (const Placement& placement : group.placements) {
-        if (isCollapsed(placement.matrix)) continue;
-        if (help.progress && help.progress->isCancelled()) return;
-        EHierarchyHelp childHelp = helpForChild(help, placement);
-        childHelp.progressStart = start;
-        childHelp.progressSpan = childSpan;
-        if (localMesh) {
-          childHelp.matrix = Matrix4();
-          OPolygonStream localStream(localMesh, true);
-          children_[i]->evaluate(childHelp, localStream);
-          material = childHelp.material;
-          selection = selectionIndexOf(help, stream, children_[i]->name_);
-        } else {
-          children_[i]->evaluate(childHelp, stream);
-        }
-        start += childSpan;
-      }
+  for (const auto& [child, placement] : live) {
+    if (help.progress && help.progress->isCancelled()) return;
+    EHierarchyHelp childHelp = helpForChild(help, *placement);
+    childHelp.progressStart = start;
+    childHelp.progressSpan = childSpan;
+    if (localMesh) {
+      childHelp.matrix = Matrix4();
+      OPolygonStream localStream(localMesh, true);
+      child->evaluate(childHelp, localStream);
+      material = childHelp.material;
+      selection = selectionIndexOf(help, stream, child->name_);
+    } else {
+      child->evaluate(childHelp, stream);
     }
+    start += childSpan;
   }
 }
 
-int Node::livePlacements(const std::vector<int>& roles, const PlacementList& placements) const {
-  int live = 0;
+// Children in order, each with the placements of its role that are not scaled to nothing.
+std::vector<std::pair<Node*, const Placement*>> Node::livePlacements(
+    const std::vector<int>& roles, const PlacementList& placements) const {
+  std::vector<std::pair<Node*, const Placement*>> live;
   for (size_t i = 0; i < children_.size(); ++i) {
     const int role = roleOfChild(roles, i, simple_ != nullptr);
     for (const PlacementGroup& group : placements) {
       if (group.role != role) continue;
       for (const Placement& placement : group.placements) {
-        if (!isCollapsed(placement.matrix)) ++live;
+        if (!isCollapsed(placement.matrix)) live.emplace_back(children_[i], &placement);
       }
     }
   }
@@ -255,12 +252,12 @@ void Node::writeLocalMesh(EHierarchyHelp& help, OGeomStream& stream, EditableMes
     writeSelection(stream, selection);
     stream << CmdMaterialIndex << material;
     simple_->finishMesh(parameters_, mesh);
-    writeMesh(stream, mesh);
+    GeomPrimitiveWriter::writeMesh(stream, mesh);
     stream << CmdGroupEnd;
     return;
   }
   simple_->deformPoints(parameters_, mesh, placements, *this);
-  writeMesh(stream, mesh);
+  GeomPrimitiveWriter::writeMesh(stream, mesh);
 }
 
 void Node::writeSelection(OGeomStream& stream, int selection) {
@@ -278,36 +275,6 @@ int selectionIndexOf(EHierarchyHelp& help, OGeomStream& stream, const std::strin
                                   [index](const auto& entry) { return entry.second == index; });
   if (!issued) (*help.selections)[name] = index;
   return index;
-}
-
-// A polygon mesh primitive: the count, the corner indices, the points, eight texture values a
-// polygon.
-void writeMesh(OGeomStream& stream, const IMesh& mesh) {
-  const uint32_t polygonCount = mesh.getPolygonCount();
-  stream << CmdPolygonMesh << static_cast<int>(polygonCount) << '[';
-  MeshPolygon polygon;
-  for (uint32_t i = 0; i < polygonCount; ++i) {
-    mesh.getPolygon(i, polygon);
-    stream << static_cast<int>(polygon.a) << static_cast<int>(polygon.b)
-           << static_cast<int>(polygon.c) << static_cast<int>(polygon.d);
-  }
-  stream << ']' << '[';
-  stream.param(ParamPoints);
-  Vector3 point;
-  for (uint32_t i = 0; i < mesh.getPointCount(); ++i) {
-    mesh.getPoint(i, point);
-    stream << point;
-  }
-  stream << ']' << '[';
-  stream.param(ParamTexture);
-  TexturePolygon texture;
-  for (uint32_t i = 0; i < polygonCount; ++i) {
-    mesh.getTexturePolygon(i, texture);
-    for (const Vector3* corner : {&texture.a, &texture.b, &texture.c, &texture.d}) {
-      stream << corner->x << corner->y;
-    }
-  }
-  stream << ']';
 }
 
 }  // namespace mv

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "core/BaseNode.h"
@@ -77,7 +78,8 @@ class Node : public BaseNode {
   void evaluateChildren(EHierarchyHelp& help, OGeomStream& stream, EditableMesh* localMesh,
                         const std::vector<int>& roles, const PlacementList& placements,
                         int& selection, int& material);
-  int livePlacements(const std::vector<int>& roles, const PlacementList& placements) const;
+  std::vector<std::pair<Node*, const Placement*>> livePlacements(
+      const std::vector<int>& roles, const PlacementList& placements) const;
   EHierarchyHelp helpForChild(const EHierarchyHelp& help, const Placement& placement) const;
   void writeLocalMesh(EHierarchyHelp& help, OGeomStream& stream, EditableMesh& mesh, int kinds,
                       PlacementList& placements, int selection, int material);
@@ -97,8 +99,5 @@ class Node : public BaseNode {
 // The selection index of name in the walk: looked up in help.selections, or issued by the
 // stream and recorded there unless another name holds that index already. -1 without a map.
 int selectionIndexOf(EHierarchyHelp& help, OGeomStream& stream, const std::string& name);
-
-// Writes mesh to stream as one polygon mesh primitive: indices, points and texture corners.
-void writeMesh(OGeomStream& stream, const IMesh& mesh);
 
 }  // namespace mv

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "classic/QuarterTurn.h"
+#include "classic/detail/QuarterTurn.h"
 #include "core/MathConstants.h"
 
 namespace mv {

@@ -1,8 +1,8 @@
 #include "classic/Plane.h"
 
 #include "classic/GridPatch.h"
-#include "classic/QuarterTurn.h"
 #include "classic/SolidParameters.h"
+#include "classic/detail/QuarterTurn.h"
 #include "core/ChildRole.h"
 #include "core/ParameterSet.h"
 

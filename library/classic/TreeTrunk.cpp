@@ -1,9 +1,9 @@
-#include "classic/TreeTrunk.h"
+#include "classic/detail/TreeTrunk.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/MathConstants.h"
 #include "curves/CurveParam.h"
 #include "curves/CurveParamIntegration.h"
@@ -218,6 +218,8 @@ void TreeTrunk::spreadSamples(const std::vector<size_t>& targets, size_t knot, d
   const size_t to = targets[knot];
   if (knot > 0) {
     const size_t from = targets[knot - 1];
+    // Single precision on purpose: the samples are spread as the original spread them, in
+    // 32-bit floats, so that old scene files give the same positions to the last bit.
     const float start = static_cast<float>(samples_[from].u);
     const float span = static_cast<float>(arc) - start;
     const float gaps = static_cast<float>(to - from);
@@ -238,6 +240,8 @@ void TreeTrunk::keyPoints(const std::vector<Vector3>& points, const std::vector<
   }
 }
 
+// The factor 20 stands where a path's length would: a tree without a path counts as 20 long,
+// and len / 20 scales that back, so a path of length 20 gives the same steps as no path.
 double TreeTrunk::stepLength(size_t i) const {
   const double du = i == 0 ? samples_[0].u : samples_[i].u - samples_[i - 1].u;
   const bool onPath = settings_.path && !settings_.path->keys.empty();

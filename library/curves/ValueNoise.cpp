@@ -1,8 +1,8 @@
 #include "curves/ValueNoise.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 
+#include "core/MathConstants.h"
 #include "curves/MersenneTwister.h"
 
 namespace mt {

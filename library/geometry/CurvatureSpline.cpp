@@ -1,10 +1,10 @@
 #include "geometry/CurvatureSpline.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"

@@ -57,4 +57,34 @@ void GeomPrimitiveWriter::writeValueList(OGeomStream& stream, int kind,
   stream << ']';
 }
 
+// A polygon mesh primitive: the count, the corner indices, the points, eight texture values a
+// polygon.
+void GeomPrimitiveWriter::writeMesh(OGeomStream& stream, const IMesh& mesh) {
+  const uint32_t polygonCount = mesh.getPolygonCount();
+  stream << CmdPolygonMesh << static_cast<int>(polygonCount) << '[';
+  MeshPolygon polygon;
+  for (uint32_t i = 0; i < polygonCount; ++i) {
+    mesh.getPolygon(i, polygon);
+    stream << static_cast<int>(polygon.a) << static_cast<int>(polygon.b)
+           << static_cast<int>(polygon.c) << static_cast<int>(polygon.d);
+  }
+  stream << ']' << '[';
+  stream.param(ParamPoints);
+  Vector3 point;
+  for (uint32_t i = 0; i < mesh.getPointCount(); ++i) {
+    mesh.getPoint(i, point);
+    stream << point;
+  }
+  stream << ']' << '[';
+  stream.param(ParamTexture);
+  TexturePolygon texture;
+  for (uint32_t i = 0; i < polygonCount; ++i) {
+    mesh.getTexturePolygon(i, texture);
+    for (const Vector3* corner : {&texture.a, &texture.b, &texture.c, &texture.d}) {
+      stream << corner->x << corner->y;
+    }
+  }
+  stream << ']';
+}
+
 }  // namespace mv

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "geometry/IMesh.h"
 #include "geometry/OGeomStream.h"
 
 namespace mv {
@@ -22,6 +23,8 @@ class GeomPrimitiveWriter {
   // values (u, v of each corner) a polygon.
   static void writeQuadMesh(OGeomStream& stream, const std::vector<int>& indices,
                             const std::vector<Vector3>& points, const std::vector<double>& texture);
+  // The same primitive from a whole mesh: its polygons, points and texture corners.
+  static void writeMesh(OGeomStream& stream, const IMesh& mesh);
 
  private:
   static void writeKnots(OGeomStream& stream, int count, int order);

@@ -68,6 +68,8 @@ class OPolygonStream : public OBaseGeomStream {
   double uMin_ = 0.0, uMax_ = 0.0;
   int nv_ = 0, vOrder_ = 0;
   double vMin_ = 0.0, vMax_ = 0.0;
+  // Stored as read and never used: patches are tessellated uniformly, but a stream must still
+  // accept and skip the knot lists that a writer sends.
   std::vector<double> uKnots_, vKnots_;
   int outlineCount_ = 0;
   std::vector<int> indices_;

@@ -1,8 +1,9 @@
 #include "geometry/Spline.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
+
+#include "core/MathConstants.h"
 
 namespace mv {
 

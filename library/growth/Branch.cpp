@@ -1,7 +1,7 @@
 #include "growth/Branch.h"
-#include "core/MathConstants.h"
 
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "curves/CurveParam.h"
 
 namespace mv {

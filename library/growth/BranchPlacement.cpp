@@ -309,6 +309,9 @@ int endPass(const BranchInputs& in, const GrownSegment& seg, uint32_t segments,
   if (!seg.closed && seg.end > kZeroTolerance) {
     Placement end;
     in.path->getAngleFrame(seg.end, seg.index, true, end.matrix);
+    // Read at 1/end and 1/frac, not at end and frac: both are at least 1 and the curves clamp
+    // them, so the end element always gets the curves' end values, however short growth or a
+    // clip made the branch.
     end.carriedThickness = in.thicknessCurved
                                ? in.thickness->evaluate(1.0 / seg.end) * in.thicknessFactor
                                : in.inheritedThickness;

@@ -1,9 +1,9 @@
 #include "growth/Deviation.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 #include <vector>
 
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"

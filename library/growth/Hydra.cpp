@@ -1,10 +1,10 @@
 #include "growth/Hydra.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "curves/CurveParam.h"

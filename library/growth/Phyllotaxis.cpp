@@ -1,10 +1,10 @@
 #include "growth/Phyllotaxis.h"
-#include "core/MathConstants.h"
 
 #include <cmath>
 #include <string>
 
 #include "core/ChildRole.h"
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "curves/CurveParam.h"
 #include "geometry/Spline.h"

@@ -1,10 +1,10 @@
 #include "growth/PhyllotaxisIntegration.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
 
+#include "core/MathConstants.h"
 #include "geometry/Spline.h"
 
 namespace mv {

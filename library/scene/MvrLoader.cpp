@@ -1,14 +1,16 @@
 #include "scene/MvrLoader.h"
-#include "core/MathConstants.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
 
+#include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "core/ParameterSet.h"
 #include "core/ProgressSink.h"
+#include "curves/MersenneTwister.h"
 #include "geometry/SplineData.h"
+#include "growth/Variation.h"
 #include "scene/Chunk.h"
 #include "scene/MvrCurveConversion.h"
 #include "scene/MvrReader.h"
@@ -56,8 +58,8 @@ void MvrLoader::initParameters(ParameterSet& settings, double unit) {
   settings.setDouble(IdUnit, unit);
   settings.setInt(IdCircleMode, 1);
   settings.setBool(IdFractionalCurvature, false);
-  settings.setBool(IdSetting2008, false);
-  settings.setBool(IdSetting2009, false);
+  settings.setBool(IdHornKnotPath, false);
+  settings.setBool(IdTreeKnotPath, false);
 }
 
 bool MvrLoader::identify(const char* probe, std::size_t size) {
@@ -95,13 +97,9 @@ bool MvrLoader::loadStream(ParameterSet& settings, std::istream& stream) {
   ProgressScope progress;
 
   MvrReader::KeyFrames keyFrames;
-  {
-    Chunk root;
-    root.read(stream);
-    readRootLines(root.lines);
-    for (const auto& [name, block] : root.children)
-      MvrReader::scanBlock(name, *block, keyFrames, [this](int frames) { setFrames(frames); });
-  }
+  std::vector<std::string> rootLines;
+  MvrReader::readKeyFrames(stream, keyFrames, rootLines, [this](int frames) { setFrames(frames); });
+  readRootLines(rootLines);
   if (keyFrames.empty()) return false;
   progressSink.setProgress(0.1);
   components_ = &keyFrames.begin()->second.components;
@@ -249,7 +247,8 @@ void MvrLoader::insertSwitched(const std::string& child, const std::string& pare
     }
     ++switchNodes_;
     const std::string number = std::to_string(bit);
-    const std::string node = createVariation("Switch_" + number, 3, 4357, static_cast<int>(bit));
+    const std::string node = createVariation("Switch_" + number, Variation::ModeSpecial,
+                                             MersenneTwister::kDefaultSeed, static_cast<int>(bit));
     if (node.empty()) {
       linked = false;
       break;

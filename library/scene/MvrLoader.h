@@ -37,9 +37,9 @@ class MvrLoader {
   enum SettingId : int {
     IdCircleMode = 2005,
     IdFractionalCurvature = 2007,
-    IdSetting2008 = 2008,
-    IdSetting2009 = 2009,
-    IdUnit = 2011,  // scale of the whole import
+    IdHornKnotPath = 2008,  // a horn with a path uses the path's knots, not samples
+    IdTreeKnotPath = 2009,  // a tree's path is made of the trunk's points, not frames
+    IdUnit = 2011,          // scale of the whole import
     IdAttractorA = 5000,
     IdAttractorB = 5001,
     IdAttractorMode = 5002,

@@ -302,6 +302,15 @@ MvrKeyFrame MvrReader::readKeyFrame(const Chunk& block) {
   return keyFrame;
 }
 
+void MvrReader::readKeyFrames(std::istream& stream, KeyFrames& keyFrames,
+                              std::vector<std::string>& rootLines,
+                              const FramesCallback& setFrames) {
+  Chunk root;
+  root.read(stream);
+  rootLines = std::move(root.lines);
+  for (const auto& [name, block] : root.children) scanBlock(name, *block, keyFrames, setFrames);
+}
+
 // structure := Queue | Unit | Entity | KeySequence (holding structure) | KeyFrame | Model.
 void MvrReader::scanBlock(const std::string& name, const Chunk& block, KeyFrames& keyFrames,
                           const FramesCallback& setFrames) {

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <functional>
+#include <istream>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "scene/MvrComponent.h"
 #include "scene/MvrKeyFrame.h"
@@ -28,6 +30,11 @@ class MvrReader {
   // line of a Queue to setFrames. Nesting of any depth is walked without recursion.
   static void scanBlock(const std::string& name, const Chunk& block, KeyFrames& keyFrames,
                         const FramesCallback& setFrames);
+  // The whole file behind stream: the plain lines at its top (the version, the background) into
+  // rootLines and its key frames, through scanBlock over every top-level block.
+  static void readKeyFrames(std::istream& stream, KeyFrames& keyFrames,
+                            std::vector<std::string>& rootLines,
+                            const FramesCallback& setFrames = nullptr);
 
   // Whether a block of that name inside a Struct is a type block.
   static bool isTypeBlock(const std::string& name);

@@ -32,13 +32,6 @@ namespace mv {
 
 namespace {
 
-// Parameters of a variation node (a switch of the scene file).
-enum VariationParameterId : int {
-  IdVariationKind = 1000,
-  IdVariationSeed = 1001,
-  IdVariationIndex = 1002,
-};
-
 // Circle splines of more points than this only come from broken files.
 constexpr int kMaxCirclePoints = 1 << 16;
 
@@ -272,9 +265,9 @@ std::string MvrSceneLoader::createVariation(const std::string& name, int kind, i
   const Created created = createNode(name, Matrix4(), new (std::nothrow) Variation());
   if (!created.node) return "";
   ParameterSet& params = created.node->parameters();
-  params.setInt(IdVariationKind, kind);
-  params.setInt(IdVariationSeed, seed);
-  params.setInt(IdVariationIndex, index);
+  params.setInt(Variation::variationMode, kind);
+  params.setInt(Variation::variationSeed, seed);
+  params.setInt(Variation::variationIndex, index);
   return created.name;
 }
 

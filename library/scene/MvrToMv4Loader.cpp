@@ -5,7 +5,7 @@
 #include <map>
 
 #include "classic/ClassicRevo.h"
-#include "classic/CountLimit.h"
+#include "classic/detail/CountLimit.h"
 #include "core/BaseNode.h"
 #include "core/MathConstants.h"
 #include "core/ParameterSet.h"

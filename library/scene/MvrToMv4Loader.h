@@ -29,11 +29,6 @@ class TreeTrunk;
 
 class MvrToMv4Loader : public MvrLoader {
  public:
-  // Settings that the conversion reads besides the unit.
-  enum ConversionSettingId : int {
-    IdHornKnotPath = IdSetting2008,  // a horn with a path uses the path's knots, not samples
-    IdTreeKnotPath = IdSetting2009,  // a tree's path is made of the trunk's points, not frames
-  };
   // Points that a sampled path or a tilt map takes at most; more only come from broken files.
   static constexpr int kMaxPathPoints = 100000;
 

@@ -4,8 +4,8 @@
 #include <map>
 
 #include "classic/ClassicSpline.h"
-#include "classic/CountLimit.h"
-#include "classic/TreeTrunk.h"
+#include "classic/detail/CountLimit.h"
+#include "classic/detail/TreeTrunk.h"
 #include "core/MathConstants.h"
 #include "core/ParameterSet.h"
 #include "scene/MvrConversionCurves.h"

@@ -162,21 +162,6 @@ PlacementList evaluateClassic(ParameterSetData& params, const Matrix4& world, co
 
 }  // namespace
 
-TEST(ClassicSimple, writesItsDefaults) {
-  ClassicSimple node;
-  ParameterSetData params;
-  EXPECT_TRUE(node.initParameters(params, 2.5));
-  EXPECT_DOUBLE_EQ(params.getDouble(IdUnit), 2.5);
-  EXPECT_EQ(params.getInt(IdPhotoAxis), 0);
-  EXPECT_EQ(params.getInt(IdPhotoMode), 0);
-  EXPECT_DOUBLE_EQ(params.getDouble(IdPhotoStrength), 1.0);
-  CurveParam* displace = params.getCurve(IdDisplace);
-  ASSERT_NE(displace, nullptr);
-  EXPECT_DOUBLE_EQ(displace->evaluate(0.3), 0.0);
-  std::string type;
-  EXPECT_EQ(node.typeName(type), "ClassicSimple");
-}
-
 TEST(ClassicSimple, placesItsChildrenTurnedTowardTheLight) {
   ParameterSetData params;
   ClassicSimple().initParameters(params, 1.0);

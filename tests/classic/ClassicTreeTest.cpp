@@ -196,19 +196,13 @@ TEST(ClassicTree, withoutBranchinessOrCurvesNothingIsPlaced) {
   EXPECT_EQ(ungrown.evaluate(), 0);
 }
 
-TEST(ClassicTree, rolesAndDefaults) {
+TEST(ClassicTree, rolesAndTheTreeTheDefaultsMake) {
   ClassicTree tree;
   ParameterSetData params;
   tree.initParameters(params, 2.0);
   std::vector<int> roles;
   tree.assignRoles(params, roles, 5);
   EXPECT_EQ(roles, (std::vector<int>{RoleProfile, RoleNodes, RoleEnd, RoleOther, RoleOther}));
-  EXPECT_EQ(params.getDouble(IdUnit), 2.0);
-  EXPECT_EQ(params.getDouble(IdTreeSegments), 19.0);
-  EXPECT_EQ(params.getInt(IdTreeVersion), 6);
-  EXPECT_NEAR(params.getCurve(IdTreeShape)->evaluate(0.5), 0.6, 1e-12);
-  std::string name;
-  EXPECT_EQ(tree.typeName(name), "ClassicTree");
   // The defaults alone make a tree with ten branches.
   params.profileNode = nullptr;
   PatchRecorder stream;

@@ -6,7 +6,7 @@
 
 #include "classic/ClassicSweep.h"
 #include "classic/ClassicTropism.h"
-#include "classic/TreeTrunk.h"
+#include "classic/detail/TreeTrunk.h"
 #include "curves/CurveParam.h"
 #include "support/CapturingMessageHandler.h"
 #include "support/GeometryExpectations.h"

@@ -6,16 +6,6 @@
 #include "curves/ParameterSetData.h"
 #include "support/CountingGeomStream.h"
 
-TEST(Simple, defaultsNameAndGeometry) {
-  mv::Simple node;
-  mv::ParameterSetData params;
-  std::string name;
-  EXPECT_EQ(node.typeName(name), "Simple");
-  EXPECT_FALSE(node.hasGeometry(params));
-  EXPECT_EQ(node.modifierKinds(), 0);
-  EXPECT_TRUE(node.initParameters(params, 100.0));
-}
-
 TEST(Simple, noChildrenMeansNoRolesAndNoPlacements) {
   mv::Simple node;
   mv::ParameterSetData params;

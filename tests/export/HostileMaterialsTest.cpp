@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -119,6 +120,18 @@ TEST(HostileMaterials, mtlColoursAreClampedAndTexturesRelative) {
   EXPECT_EQ(library.find(".."), std::string::npos);
 }
 
+TEST(HostileMaterials, controlCharactersCannotStartNewMtlLines) {
+  const std::string path = testOutputPath("control-characters.obj");
+  CapturingMessageHandler messages;
+  ASSERT_TRUE(mv::ObjWriter({{"bark\nKd 9 9 9", 0.4, 0.3, 0.2, "bark.png\nmap_Ks evil.png"}})
+                  .write(sampleMesh(), path));
+  const std::string library = contents(mv::ObjWriter::materialLibraryPath(path));
+  EXPECT_NE(library.find("newmtl bark_Kd_9_9_9\n"), std::string::npos) << library;
+  EXPECT_NE(library.find("map_Kd bark.png_map_Ks evil.png\n"), std::string::npos) << library;
+  EXPECT_EQ(library.find("\nKd 9"), std::string::npos);
+  EXPECT_EQ(library.find("\nmap_Ks"), std::string::npos);
+}
+
 TEST(HostileMaterials, sRgbBecomesLinearLight) {
   const std::pair<double, double> rows[] = {
       {0.0, 0.0}, {1.0, 1.0}, {0.04045, 0.04045 / 12.92}, {0.5, 0.21404114048223255}};
@@ -153,4 +166,43 @@ TEST(HostileMaterials, missingTextureIsNamedInAWarning) {
   ASSERT_EQ(messages.warnings.size(), 1u);
   EXPECT_NE(messages.warnings[0].find("\"nowhere/bark.png\" is not found beside"),
             std::string::npos);
+}
+
+// A scene may name a device as its texture: embedding it must neither hang nor read it.
+TEST(HostileMaterials, deviceNamedAsATextureIsNotStored) {
+  mv::GlbWriter writer({{"bark", 0.4, 0.3, 0.2, "/dev/zero"}});
+  mv::WriteOptions options;
+  options.embedTextures = true;
+  writer.setOptions(options);
+  CapturingMessageHandler messages;
+  const std::string path = testOutputPath("device-texture.glb");
+  ASSERT_TRUE(writer.write(sampleMesh(), path));
+  const tinygltf::Model model = readGlb(path);
+  std::remove(path.c_str());  // a validator would rightly miss the picture
+  ASSERT_EQ(model.images.size(), 1u);
+  EXPECT_EQ(model.images[0].uri, "zero");
+  EXPECT_EQ(messages.warnings.back(),
+            "texture \"/dev/zero\" cannot be read; referenced, not stored");
+}
+
+// A picture outside the output's folder stays where it is, even when asked to store pictures.
+TEST(HostileMaterials, pictureOutsideTheFolderIsNotStored) {
+  const std::string elsewhere = testOutputPath("elsewhere");
+  std::filesystem::create_directories(elsewhere);
+  writeSampleTexture(elsewhere + "/secret.png");
+  const std::string absolute = std::filesystem::absolute(elsewhere + "/secret.png").string();
+  mv::GlbWriter writer({{"bark", 0.4, 0.3, 0.2, absolute}});
+  mv::WriteOptions options;
+  options.embedTextures = true;
+  writer.setOptions(options);
+  CapturingMessageHandler messages;
+  const std::string path = testOutputPath("outside-texture.glb");
+  ASSERT_TRUE(writer.write(sampleMesh(), path));
+  const tinygltf::Model model = readGlb(path);
+  std::remove(path.c_str());  // a validator would rightly miss the picture
+  ASSERT_EQ(model.images.size(), 1u);
+  EXPECT_EQ(model.images[0].uri, "secret.png");
+  EXPECT_EQ(model.images[0].bufferView, -1);
+  EXPECT_EQ(messages.warnings.back(),
+            "texture \"" + absolute + "\" cannot be read; referenced, not stored");
 }

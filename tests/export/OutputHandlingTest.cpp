@@ -65,6 +65,37 @@ bool writeWith(const std::string& path, bool replaceAnyFile) {
   return writer.write(sampleMesh(), path);
 }
 
+// A sheet of 490 000 quads: large enough that a write takes a while.
+mv::MeshData largeSheet() {
+  mv::MeshData large;
+  {
+    std::vector<mv::Vector3> points;
+    const int n = 700;
+    for (int j = 0; j < n; ++j) {
+      for (int i = 0; i < n; ++i) points.emplace_back(i, j, std::sin(i * 0.01) * j * 0.01);
+    }
+    mv::OPolygonStream stream(&large, true);
+    mv::GeomPrimitiveWriter::writePatch(stream, n, n, points);
+  }
+  return large;
+}
+
+// Starts writing path in a child process and returns the child once its temporary file exists
+// in base; -1 when the child could not start or ended before that.
+pid_t writeInChild(const mv::MeshData& mesh, const std::string& path, const std::string& base) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const bool obj = path.compare(path.size() - 4, 4, ".obj") == 0;
+    _exit(obj ? mv::ObjWriter().write(mesh, path) : mv::GlbWriter().write(mesh, path));
+  }
+  int status = 0;
+  while (child > 0 && temporaryFilesOf(child, base) == 0) {
+    if (waitpid(child, &status, WNOHANG) == child) return -1;
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+  }
+  return child;
+}
+
 }  // namespace
 
 TEST(OutputHandling, directoryDeviceAndSymbolicLinkAreNotReplaced) {
@@ -130,16 +161,7 @@ TEST(OutputHandling, objAndMtlAppearTogetherOrNotAtAll) {
 // A child process writes a large mesh over an earlier file and is stopped by a signal while the
 // temporary file exists: the earlier file stays and the temporary file goes.
 TEST(OutputHandling, interruptedWriteLeavesTheDestinationAndNoTemporaryFile) {
-  mv::MeshData large;
-  {
-    std::vector<mv::Vector3> points;
-    const int n = 700;
-    for (int j = 0; j < n; ++j) {
-      for (int i = 0; i < n; ++i) points.emplace_back(i, j, std::sin(i * 0.01) * j * 0.01);
-    }
-    mv::OPolygonStream stream(&large, true);
-    mv::GeomPrimitiveWriter::writePatch(stream, n, n, points);
-  }
+  const mv::MeshData large = largeSheet();
   const std::string base = folder("interrupted");
   for (int signal : {SIGINT, SIGTERM, SIGHUP}) {
     for (const std::string suffix : {".glb", ".obj"}) {
@@ -162,4 +184,21 @@ TEST(OutputHandling, interruptedWriteLeavesTheDestinationAndNoTemporaryFile) {
       EXPECT_EQ(temporaryFilesOf(child, base), 0u) << signal << suffix;
     }
   }
+}
+
+// Under nohup a hang-up is ignored, and the write goes on to its end.
+TEST(OutputHandling, ignoredHangUpLetsTheWriteFinish) {
+  const std::string base = folder("hang-up-ignored");
+  const std::string path = base + "/plant.glb";
+  writeText(path, "earlier");
+  const auto previous = signal(SIGHUP, SIG_IGN);  // inherited by the child
+  const pid_t child = writeInChild(largeSheet(), path, base);
+  signal(SIGHUP, previous);
+  ASSERT_GT(child, 0);
+  kill(child, SIGHUP);
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1);  // write returned true
+  EXPECT_GT(fs::file_size(path), 1000000u);
+  EXPECT_EQ(temporaryFilesOf(child, base), 0u);
 }

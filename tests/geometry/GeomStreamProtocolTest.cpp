@@ -16,17 +16,6 @@ void writePatchHeader(mv::OGeomStream& s) {
 
 }  // namespace
 
-TEST(GeomStream, startsWithIdentityDefaultsAndStateZero) {
-  CountingGeomStream s;
-  EXPECT_EQ(s.state(), mv::StateUCount);
-  EXPECT_EQ(s.lastCommand(), 0);
-  EXPECT_EQ(s.paramKind(), mv::ParamNone);
-  EXPECT_EQ(s.topTransform(), mv::Matrix4());
-  EXPECT_EQ(s.topAttributes().material, -1);
-  EXPECT_EQ(s.topAttributes().values[5], 1.0f);
-  EXPECT_TRUE(s.topAttributes().selectionName.empty());
-}
-
 TEST(GeomStream, patchWalksEveryStateInOrder) {
   CapturingMessageHandler capture;
   CountingGeomStream s;

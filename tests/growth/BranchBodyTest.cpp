@@ -244,11 +244,9 @@ TEST(BranchBody, profileWithoutGeometryIsInstancedAtTheRings) {
   EXPECT_TRUE(run.mesh.points.empty());
 }
 
-TEST(BranchProtocol, rolesNameAndDefaults) {
+TEST(BranchProtocol, rolesAndTheComputedThickness) {
   Branch branch;
   GrowthScene scene(branch);
-  std::string name;
-  EXPECT_EQ(branch.typeName(name), "Branch");
   std::vector<int> roles;
   EXPECT_TRUE(branch.assignRoles(scene.params, roles, 6));
   EXPECT_EQ(roles, (std::vector<int>{1, 2, 4, 8, 16, 16}));
@@ -263,8 +261,6 @@ TEST(BranchProtocol, rolesNameAndDefaults) {
   }
   EXPECT_NEAR(thickness->minimum(), -0.1, 1e-12);
   EXPECT_NEAR(thickness->maximum(), 1.1, 1e-12);
-  EXPECT_EQ(scene.params.getDouble(Branch::nodeNumber), 10.0);
-  EXPECT_EQ(scene.params.getInt(Branch::curveMapping), 1);
   scene.params.profileNode = nullptr;
   EXPECT_FALSE(branch.hasGeometry(scene.params));
 }

@@ -25,36 +25,31 @@ std::string knots(const char* block, double first, double last) {
   return out.str();
 }
 
-std::string component(const std::string& name, const std::string& body) {
-  return "Struct {\nName \"" + name + "\"\n" + body + "}\n";
-}
-
 std::string sceneText(const std::string& root, const std::string& structs) {
   return "Version 0.93\nQueue {\nKeySequence {\nKeyFrame {\nTime 0\nModel {\n" +
-         component("Camera", "Camera {\n}\nChildren {\n\"" + root + "\"\n}\n") + structs +
+         structOf("Camera", "Camera {\n}\nChildren {\n\"" + root + "\"\n}\n") + structs +
          "}\n}\n}\n}\n";
 }
 
 // A straight tree of length 3 with a tube of 8 points and radius 0.25, and leaves at its knots.
 std::string treeScene(const std::string& branches) {
-  return component("Stem",
-                   "Primitive {\nType \"Tube\"\nPoints 8\n}\nTree {\nSegments 10\n"
-                   "Length {3,0.001,20}\nBranch_Num {3,1,100}\n" +
-                       knots("Shape", 0.5, 0.5) + knots("Branchiness", 1, 1) +
-                       knots("Dense", 1, 1) + knots("Deviate", 0, 0) + knots("Kruschtl", 0, 0) +
-                       knots("Scale", 0.6, 0.6) + knots("GeomScale", 1, 1) +
-                       knots("Phototropism", 0, 0) + knots("Gravitropism", 0, 0) + branches +
-                       "}\n");
+  return structOf("Stem",
+                  "Primitive {\nType \"Tube\"\nPoints 8\n}\nTree {\nSegments 10\n"
+                  "Length {3,0.001,20}\nBranch_Num {3,1,100}\n" +
+                      knots("Shape", 0.5, 0.5) + knots("Branchiness", 1, 1) + knots("Dense", 1, 1) +
+                      knots("Deviate", 0, 0) + knots("Kruschtl", 0, 0) + knots("Scale", 0.6, 0.6) +
+                      knots("GeomScale", 1, 1) + knots("Phototropism", 0, 0) +
+                      knots("Gravitropism", 0, 0) + branches + "}\n");
 }
 
 // A leaf of 4 segments, moving 20 x 0.05 = 1 up z, with a five-point area half a unit wide.
 std::string leafComponent() {
-  return component("Leaf",
-                   "Primitive {\nType \"Area\"\nApplyProfil\nProfil {\nSize 5\n"
-                   "0,0,0\n0.25,0,0\n0.5,0,0\n0.75,0,0\n1,0,0\n}\n}\n"
-                   "Leaf {\nSegments {4,1,100}\nLength {20,0.001,20}\n"
-                   "Shape 1,1,\"id\",0,5\n" +
-                       knots("Phototropism", 0, 0) + knots("Gravitropism", 0, 0) + "}\n");
+  return structOf("Leaf",
+                  "Primitive {\nType \"Area\"\nApplyProfil\nProfil {\nSize 5\n"
+                  "0,0,0\n0.25,0,0\n0.5,0,0\n0.75,0,0\n1,0,0\n}\n}\n"
+                  "Leaf {\nSegments {4,1,100}\nLength {20,0.001,20}\n"
+                  "Shape 1,1,\"id\",0,5\n" +
+                      knots("Phototropism", 0, 0) + knots("Gravitropism", 0, 0) + "}\n");
 }
 
 struct Scene {
@@ -106,7 +101,7 @@ TEST(ClassicPlantScene, straightTreeTubeBounds) {
 }
 
 TEST(ClassicPlantScene, treeWithoutPrimitiveGetsAnEmptyProfile) {
-  const Scene scene(sceneText("Bare", component("Bare", "Tree {\n}\n")));
+  const Scene scene(sceneText("Bare", structOf("Bare", "Tree {\n}\n")));
   ASSERT_TRUE(scene.loaded);
   Node* bare = scene.graph.children().at(0)->children().at(0);
   ASSERT_FALSE(bare->children().empty());
@@ -124,12 +119,12 @@ TEST(ClassicPlantScene, leafOutlineClosesAtItsTip) {
 
 TEST(ClassicPlantScene, hornPlacesElementsEveryStepsAndItsTop) {
   const std::string horn =
-      component("Horn",
-                "Primitive {\nType \"Tube\"\nPoints 8\n}\nHorn {\nSegments 9\nMoveScale 1\n"
-                "Length {2,0.001,20}\nShape 0.5,0.5,\"id\",0,5\nSteps 3,3,\"id\",1,200\n"
-                "Ribs {\n\"Ring\"\n}\n}\nChildren {\n\"Tip\"\n}\n");
-  const std::string ring = component("Ring", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
-  const std::string tip = component("Tip", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
+      structOf("Horn",
+               "Primitive {\nType \"Tube\"\nPoints 8\n}\nHorn {\nSegments 9\nMoveScale 1\n"
+               "Length {2,0.001,20}\nShape 0.5,0.5,\"id\",0,5\nSteps 3,3,\"id\",1,200\n"
+               "Ribs {\n\"Ring\"\n}\n}\nChildren {\n\"Tip\"\n}\n");
+  const std::string ring = structOf("Ring", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
+  const std::string tip = structOf("Tip", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
   const Scene scene(sceneText("Horn", horn + ring + tip));
   EXPECT_EQ(scene.selected("Horn"), 8u * 9u);
   EXPECT_EQ(scene.selected("Ring_Box"), 3u * 6u);
@@ -167,24 +162,24 @@ const char* kTurnedAndMoved =
     "Translation {3,-50,50} {-2,-50,50} {1,-50,50}\n}\n";
 
 std::string hornWithTip(const std::string& transform) {
-  return component("Horn", transform +
-                               "Primitive {\nType \"Tube\"\nPoints 8\n}\nHorn {\nSegments 9\n"
-                               "MoveScale 1\nLength {2,0.001,20}\nShape 0.5,0.5,\"id\",0,5\n"
-                               "RotX 0.3,0.3,\"id\",-1,1\nTop TRUE\n}\nChildren {\n\"Tip\"\n}\n") +
-         component("Tip", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
+  return structOf("Horn", transform +
+                              "Primitive {\nType \"Tube\"\nPoints 8\n}\nHorn {\nSegments 9\n"
+                              "MoveScale 1\nLength {2,0.001,20}\nShape 0.5,0.5,\"id\",0,5\n"
+                              "RotX 0.3,0.3,\"id\",-1,1\nTop TRUE\n}\nChildren {\n\"Tip\"\n}\n") +
+         structOf("Tip", "Primitive {\nType \"Box\"\nResolution 1\n}\n");
 }
 
 }  // namespace
 
 TEST(ClassicPlantScene, leavesOfABoughLieOnTheBough) {
   const std::string bough =
-      component("Bough",
-                "Primitive {\nType \"Tube\"\nPoints 8\n}\nTree {\nSegments 10\n"
-                "Length {2,0.001,20}\nBranch_Num {4,1,100}\n" +
-                    knots("Shape", 0.2, 0.2) + knots("Branchiness", 1, 1) + knots("Dense", 1, 1) +
-                    knots("Deviate", 0, 0) + knots("Kruschtl", 0, 0) + knots("Scale", 0.6, 0.6) +
-                    knots("GeomScale", 1, 1) + knots("Phototropism", 0, 0) +
-                    knots("Gravitropism", 0, 0) + "Branches {\n\"Leaf\"\n}\n}\n");
+      structOf("Bough",
+               "Primitive {\nType \"Tube\"\nPoints 8\n}\nTree {\nSegments 10\n"
+               "Length {2,0.001,20}\nBranch_Num {4,1,100}\n" +
+                   knots("Shape", 0.2, 0.2) + knots("Branchiness", 1, 1) + knots("Dense", 1, 1) +
+                   knots("Deviate", 0, 0) + knots("Kruschtl", 0, 0) + knots("Scale", 0.6, 0.6) +
+                   knots("GeomScale", 1, 1) + knots("Phototropism", 0, 0) +
+                   knots("Gravitropism", 0, 0) + "Branches {\n\"Leaf\"\n}\n}\n");
   const Scene scene(
       sceneText("Stem", treeScene("Branches {\n\"Bough\"\n}\n") + bough + leafComponent()));
   ASSERT_TRUE(scene.loaded);
@@ -213,7 +208,7 @@ TEST(ClassicPlantScene, hornsTopElementStandsAtItsEndInAnyFrame) {
   EXPECT_LT(distanceToNearest(tip, horn), 0.5 + 1e-9);
   // Inside a turned and moved group the whole horn, tip included, moves as one rigid body.
   const Scene grouped(sceneText(
-      "Group", component("Group", std::string(kTurnedAndMoved) + "Children {\n\"Horn\"\n}\n") +
+      "Group", structOf("Group", std::string(kTurnedAndMoved) + "Children {\n\"Horn\"\n}\n") +
                    hornWithTip("")));
   ASSERT_EQ(grouped.mesh.points.size(), alone.mesh.points.size());
   const Vector3 movedTip = centreOf(selectedCorners(grouped.mesh, "Tip_Box"));

@@ -6,6 +6,7 @@
 #include "SceneLoadSupport.h"
 #include "support/CapturingMessageHandler.h"
 #include "support/SceneFuzzInput.h"
+#include "support/SceneMutation.h"
 
 namespace {
 
@@ -15,47 +16,6 @@ bool loadString(const std::string& text) {
 
 bool convertString(const std::string& text) {
   return convertSceneBytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-}
-
-// Pieces that the grammar reacts to, for insertion at random places.
-const char* const kTokens[] = {"{\n",
-                               "}\n",
-                               "\n",
-                               "\r",
-                               "\"",
-                               ",",
-                               "0x",
-                               "Size 2000000000\n",
-                               "Struct {\n",
-                               "Children {\n",
-                               "Model {\n",
-                               "1e400",
-                               "-",
-                               "frame(x)",
-                               "((((",
-                               "Tree {\n",
-                               "Branches {\n",
-                               "Switch {\n"};
-
-std::string mutate(std::string text, std::mt19937& random) {
-  const int edits = 1 + static_cast<int>(random() % 8);
-  for (int i = 0; i < edits; ++i) {
-    const std::size_t at = text.empty() ? 0 : random() % text.size();
-    switch (random() % 4) {
-      case 0:
-        if (!text.empty()) text[at] = static_cast<char>(random());
-        break;
-      case 1:
-        text.insert(at, kTokens[random() % std::size(kTokens)]);
-        break;
-      case 2:
-        text.erase(at, random() % 64);
-        break;
-      default:  // repeat a stretch: duplicated blocks, names and links
-        text.insert(at, text.substr(random() % (text.size() + 1), random() % 256));
-    }
-  }
-  return text;
 }
 
 std::vector<std::filesystem::path> filesIn(const std::string& folder, const std::string& prefix) {
@@ -92,7 +52,7 @@ TEST(MvrLoadRobustness, mutatedExampleScenesLoadWithoutHarm) {
   for (const auto& path : examples) {
     const std::string original = exampleText(path.filename().string());
     EXPECT_TRUE(loadString(original)) << path;
-    for (int i = 0; i < 150; ++i) loaded += loadString(mutate(original, random));
+    for (int i = 0; i < 150; ++i) loaded += loadString(mutateScene(original, random));
   }
   // Most small edits leave a loadable scene: the format has no syntax errors.
   EXPECT_GT(loaded, 150);
@@ -152,7 +112,7 @@ TEST(MvrLoadRobustness, mutatedExampleScenesConvertWithoutHarm) {
   for (const auto& path : examples) {
     const std::string original = exampleText(path.filename().string());
     EXPECT_TRUE(convertString(original)) << path;
-    for (int i = 0; i < 100; ++i) converted += convertString(mutate(original, random));
+    for (int i = 0; i < 100; ++i) converted += convertString(mutateScene(original, random));
   }
   EXPECT_GT(converted, 100);
 }

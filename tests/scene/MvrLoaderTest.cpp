@@ -9,16 +9,6 @@
 
 namespace {
 
-std::string structOf(const std::string& name, const std::string& body = "") {
-  return "Struct {\nName \"" + name + "\"\n" + body + "}\n";
-}
-
-std::string children(std::initializer_list<const char*> names, const char* block = "Children") {
-  std::string text = std::string(block) + " {\n";
-  for (const char* name : names) text += "\"" + std::string(name) + "\"\n";
-  return text + "}\n";
-}
-
 bool hasRow(const RecordedLoad& load, const CallRow& row) {
   const auto rows = load.rows();
   return std::find(rows.begin(), rows.end(), row) != rows.end();
@@ -42,7 +32,7 @@ TEST(MvrLoaderRoots, everyUnlinkedComponentIsARootInNameOrder) {
   CapturingMessageHandler messages;
   RecordedLoad load;
   loadText(load,
-           sceneOf(structOf("B") + structOf("A", children({"C", "Missing"})) + structOf("C")));
+           sceneOf(structOf("B") + structOf("A", nameList({"C", "Missing"})) + structOf("C")));
   EXPECT_TRUE(load.result);
   const std::vector<CallRow> expected{
       {"createClassicSimple", "A", ""}, {"createClassicSimple", "C", ""}, {"insertUnder", "C", "A"},
@@ -55,9 +45,9 @@ TEST(MvrLoaderRoots, onlyWhatHangsBelowACameraIsVisible) {
   CapturingMessageHandler messages;
   RecordedLoad load;
   loadText(load,
-           sceneOf(structOf("Cam", "Camera {\n}\n" + children({"Shown", "Hidden"})) +
-                   structOf("Shown", children({"Deep"})) + structOf("Hidden", "Hide\n") +
-                   structOf("Deep") + structOf("Other", children({"Below"})) + structOf("Below")));
+           sceneOf(structOf("Cam", "Camera {\n}\n" + nameList({"Shown", "Hidden"})) +
+                   structOf("Shown", nameList({"Deep"})) + structOf("Hidden", "Hide\n") +
+                   structOf("Deep") + structOf("Other", nameList({"Below"})) + structOf("Below")));
   EXPECT_FALSE(load.created("Cam")->header.hidden);
   EXPECT_FALSE(load.created("Shown")->header.hidden);
   EXPECT_FALSE(load.created("Deep")->header.hidden);
@@ -69,7 +59,7 @@ TEST(MvrLoaderRoots, onlyWhatHangsBelowACameraIsVisible) {
 TEST(MvrLoaderRoots, aCycleWithoutAnyOtherRootFails) {
   CapturingMessageHandler messages;
   RecordedLoad load;
-  loadText(load, sceneOf(structOf("A", children({"B"})) + structOf("B", children({"A"}))));
+  loadText(load, sceneOf(structOf("A", nameList({"B"})) + structOf("B", nameList({"A"}))));
   EXPECT_FALSE(load.result);
   EXPECT_EQ(messages.errors, std::vector<std::string>{"IMPORT: No Root Object(s) found!"});
   EXPECT_TRUE(load.loader.calls.empty());
@@ -78,8 +68,8 @@ TEST(MvrLoaderRoots, aCycleWithoutAnyOtherRootFails) {
 TEST(MvrLoaderRoots, cyclesBelowARootAreReportedAndNotLinked) {
   CapturingMessageHandler messages;
   RecordedLoad load;
-  loadText(load, sceneOf(structOf("Root", children({"A"})) + structOf("A", children({"A", "B"})) +
-                         structOf("B", children({"A"}))));
+  loadText(load, sceneOf(structOf("Root", nameList({"A"})) + structOf("A", nameList({"A", "B"})) +
+                         structOf("B", nameList({"A"}))));
   EXPECT_TRUE(load.result);
   ASSERT_EQ(messages.errors.size(), 2u);
   EXPECT_EQ(messages.errors[0], "Link cycle: \"A\" is linked below itself");
@@ -103,8 +93,8 @@ TEST(MvrLoaderRoots, emptyOrKeyFramelessFilesFail) {
 TEST(MvrLoaderLinks, sharedComponentIsCreatedOnceAndInsertedTwice) {
   CapturingMessageHandler messages;
   RecordedLoad load;
-  loadText(load, sceneOf(structOf("Root", children({"P", "Q"})) + structOf("P", children({"S"})) +
-                         structOf("Q", children({"S"})) + structOf("S")));
+  loadText(load, sceneOf(structOf("Root", nameList({"P", "Q"})) + structOf("P", nameList({"S"})) +
+                         structOf("Q", nameList({"S"})) + structOf("S")));
   EXPECT_EQ(load.count("createClassicSimple"), 4);
   EXPECT_TRUE(hasRow(load, {"insertUnder", "S", "P"}));
   EXPECT_TRUE(hasRow(load, {"insertUnder", "S", "Q"}));
@@ -117,14 +107,14 @@ TEST(MvrLoaderLinks, treeLinkNodesFollowTheCountsOfStandardAndSpecialNames) {
   };
   const std::string tree = "Tree {\n";
   const Row rows[] = {
-      {tree + children({"X"}, "Branches") + "}\n", {{"insertUnder", "X", "T"}}},
-      {tree + children({"X", "Y"}, "Branches") + "}\n",
+      {tree + nameList({"X"}, "Branches") + "}\n", {{"insertUnder", "X", "T"}}},
+      {tree + nameList({"X", "Y"}, "Branches") + "}\n",
        {{"insertUnder", "X", "Standard_Link"},
         {"insertUnder", "Y", "Standard_Link"},
         {"insertUnder", "Standard_Link", "T"}}},
-      {tree + "}\n" + children({"X"}),
+      {tree + "}\n" + nameList({"X"}),
        {{"insertUnder", "Standard_Link", "T"}, {"insertUnder", "X", "T"}}},
-      {tree + "}\n" + children({"X", "Y"}),
+      {tree + "}\n" + nameList({"X", "Y"}),
        {{"insertUnder", "Standard_Link", "T"},
         {"insertUnder", "X", "Special_Link"},
         {"insertUnder", "Y", "Special_Link"},
@@ -145,7 +135,7 @@ TEST(MvrLoaderLinks, branchesOfATypeWithoutBranchesFailTheObject) {
   CapturingMessageHandler messages;
   RecordedLoad load;
   loadText(load,
-           sceneOf(structOf("H", "Hydra {\n" + children({"X"}, "Ribs") + "}\n") + structOf("X")));
+           sceneOf(structOf("H", "Hydra {\n" + nameList({"X"}, "Ribs") + "}\n") + structOf("X")));
   EXPECT_FALSE(load.result);
   EXPECT_EQ(messages.errors,
             std::vector<std::string>{"Found Branch/Rib Link in non Tree/Horn Object \"H\""});
@@ -154,11 +144,11 @@ TEST(MvrLoaderLinks, branchesOfATypeWithoutBranchesFailTheObject) {
 TEST(MvrLoaderLinks, switchMasksWrapTheChildOncePerClearBit) {
   CapturingMessageHandler messages;
   RecordedLoad all, one;
-  loadText(all, sceneOf(structOf("P", children({"C"})) + structOf("C", "Switch {\n0xffff\n}\n")));
+  loadText(all, sceneOf(structOf("P", nameList({"C"})) + structOf("C", "Switch {\n0xffff\n}\n")));
   EXPECT_EQ(all.count("createVariation"), 0);
   EXPECT_TRUE(hasRow(all, {"insertUnder", "C", "P"}));
   loadText(one,
-           sceneOf(structOf("P", children({"C"})) + structOf("C", "Switch {\n0xfffe,0xffdf\n}\n")));
+           sceneOf(structOf("P", nameList({"C"})) + structOf("C", "Switch {\n0xfffe,0xffdf\n}\n")));
   const std::vector<CallRow> expected{
       {"createClassicSimple", "P", ""},
       {"createClassicSimple", "C", ""},
@@ -183,7 +173,7 @@ TEST(MvrLoaderLinks, switchMasksWrapTheChildOncePerClearBit) {
 TEST(MvrLoaderTypes, objectKindsFollowTypeAndPrimitive) {
   CapturingMessageHandler messages;
   RecordedLoad load;
-  loadText(load, sceneOf(structOf("Root", children({"Revo", "Leaf", "Odd"})) +
+  loadText(load, sceneOf(structOf("Root", nameList({"Revo", "Leaf", "Odd"})) +
                          structOf("Revo", "Primitive {\nType \"Box\"\n}\nRevo {\n}\n") +
                          structOf("Leaf", "Primitive {\nType \"Square\"\n}\nLeaf {\n}\n") +
                          structOf("Odd", "Primitive {\nType \"Torus\"\n}\n")));

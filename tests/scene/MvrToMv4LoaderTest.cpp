@@ -21,16 +21,6 @@ using mv::Vector3;
 
 constexpr double kEps = 1e-9;
 
-std::string structOf(const std::string& name, const std::string& body = "") {
-  return "Struct {\nName \"" + name + "\"\n" + body + "}\n";
-}
-
-std::string names(std::initializer_list<const char*> list, const char* block) {
-  std::string text = std::string(block) + " {\n";
-  for (const char* name : list) text += "\"" + std::string(name) + "\"\n";
-  return text + "}\n";
-}
-
 std::string knots(const std::string& block, std::initializer_list<Vector3> points) {
   std::string text = block + " {\nSize " + std::to_string(points.size()) + "\n";
   for (const Vector3& p : points)
@@ -106,7 +96,7 @@ TEST(MvrConversionCurves, samplesAreTheEndsAndTheInnerPositions) {
 
 TEST(MvrToMv4LoaderPlain, simpleKindsBecomeNullsAndAHyperpatchADeformGrid) {
   Conversion c;
-  c.run(structOf("Cam", "Camera {\n}\n" + names({"Lean", "Odd"}, "Children")) +
+  c.run(structOf("Cam", "Camera {\n}\n" + nameList({"Lean", "Odd"}, "Children")) +
         structOf("Lean", knots("HyperPatch {\nPatch_Points", {{0, 0, 0},
                                                               {1, 0, 0},
                                                               {0, 1, 0},
@@ -183,7 +173,7 @@ TEST(MvrToMv4LoaderRevo, theBranchFollowsTheAxisWithTheRadiiAsCornerThickness) {
 
 TEST(MvrToMv4LoaderArrangers, aWreathIsARingTurnedAboutYAndAHydraAStar) {
   Conversion c;
-  c.run(structOf("Cam", "Camera {\n}\n" + names({"Ring", "Star"}, "Children")) +
+  c.run(structOf("Cam", "Camera {\n}\n" + nameList({"Ring", "Star"}, "Children")) +
         structOf("Ring",
                  "Transform {\nTranslation {2,-50,50} {0,-50,50} {0,-50,50}\n}\n"
                  "Wreath {\nNumber {5.7,1,100}\n}\n") +
@@ -320,7 +310,7 @@ TEST(MvrToMv4LoaderLeaf, theLeafClosesAtItsTipAndBendsByItsTropisms) {
                  "Shape 1,1,\"id\",0,2\n" +
                      knots("Phototropism", {{0, 0, 0}, {0.5, 0.4, 0}, {1, 0, 0}}) +
                      knots("Gravitropism", {{0, 0.3, 0}, {1, 0.3, 0}}) + "}\n" +
-                     names({"Bud"}, "Children")) +
+                     nameList({"Bud"}, "Children")) +
         structOf("Bud"));
   ASSERT_TRUE(c.result);
   const mv::MvrBranchRecord& branch = c.loader.branches.at("Blade");
@@ -482,11 +472,11 @@ TEST(MvrToMv4LoaderTree, tropismStrengthGivesEachStepTheAreaOfItsBend) {
 
 TEST(MvrToMv4LoaderLinks, aSharedLeafIsConvertedOnceAndLinkedTwice) {
   Conversion c;
-  c.run(structOf("Cam", "Camera {\n}\n" + names({"A", "B"}, "Children")) +
-        structOf("A",
-                 "Primitive {\nType \"Tube\"\n}\nTree {\n" + names({"Leaf"}, "Branches") + "}\n") +
-        structOf("B",
-                 "Primitive {\nType \"Tube\"\n}\nTree {\n" + names({"Leaf"}, "Branches") + "}\n") +
+  c.run(structOf("Cam", "Camera {\n}\n" + nameList({"A", "B"}, "Children")) +
+        structOf("A", "Primitive {\nType \"Tube\"\n}\nTree {\n" + nameList({"Leaf"}, "Branches") +
+                          "}\n") +
+        structOf("B", "Primitive {\nType \"Tube\"\n}\nTree {\n" + nameList({"Leaf"}, "Branches") +
+                          "}\n") +
         structOf("Leaf", "Primitive {\nType \"Tube\"\n}\nLeaf {\n}\n"));
   ASSERT_TRUE(c.result);
   EXPECT_EQ(c.loader.branches.count("Leaf"), 1u);

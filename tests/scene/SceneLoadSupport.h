@@ -10,6 +10,7 @@
 
 #include "curves/ParameterSetData.h"
 #include "scene/MvrRecordingLoader.h"
+#include "support/SceneText.h"
 
 using CallRow = std::array<std::string, 3>;  // operation, created name (or object), parent
 
@@ -50,9 +51,4 @@ inline std::string exampleText(const std::string& name) {
   std::ostringstream text;
   text << file.rdbuf();
   return text.str();
-}
-
-// A scene of one key frame whose model holds the given Struct blocks.
-inline std::string sceneOf(const std::string& structs) {
-  return "Version 0.93\nQueue {\nKeyFrame {\nModel {\n" + structs + "}\n}\n}\n";
 }

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <random>
 #include <string>
 
 #include "classic/SceneGraph.h"
@@ -14,6 +17,7 @@
 #include "source/MvrLoader.h"
 #include "support/CapturingConsole.h"
 #include "support/CapturingMessageHandler.h"
+#include "support/SceneMutation.h"
 #include "support/SceneRendering.h"
 #include "support/TestOutput.h"
 
@@ -119,4 +123,36 @@ TEST(MvrImportExamples, aGeneratorDocumentSavesAndLoadsAsItWas) {
   EXPECT_GT(trianglesOf(mesh.mesh()), 1000u);
   BaseDocument::Free(loaded);
   BaseDocument::Free(document);
+}
+
+TEST(MvrImportExamples, mutatedScenesImportWithoutHarm) {
+  CapturingConsole console;
+  CapturingMessageHandler messages;
+  std::mt19937 random(19650218);
+  int imported = 0;
+  for (const char* name : kExamples) {
+    std::ifstream file(examplePath(name), std::ios::binary);
+    const std::string original((std::istreambuf_iterator<char>(file)),
+                               std::istreambuf_iterator<char>());
+    for (int i = 0; i < 20; ++i) {
+      const std::string path = testOutputPath("import-mutated.mvr");
+      std::ofstream(path, std::ios::binary) << mutateScene(original, random);
+      BaseDocument* document = BaseDocument::Alloc();
+      BaseContainer data;
+      MvrLoader::initSettings(data);
+      mv::ParameterSetData settings;
+      MvrLoader::copySettings(data, settings);
+      const Int32 result = MvrLoader::importGenerators(
+          Filename(path), document, SCENEFILTER_OBJECTS | SCENEFILTER_MATERIALS, data, settings);
+      // Either a file error, or a document that holds the scene.
+      EXPECT_TRUE(result == FILEERROR_NONE || result == FILEERROR_WRONG_VALUE);
+      if (result == FILEERROR_NONE) {
+        EXPECT_TRUE(document->GetFirstObject());
+        ++imported;
+      }
+      BaseDocument::Free(document);
+    }
+  }
+  // Most small edits leave a scene that imports: the format has no syntax errors.
+  EXPECT_GT(imported, 100);
 }

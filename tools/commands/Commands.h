@@ -11,6 +11,8 @@ struct CommandResult {
 
 // morvo curve: prints a curve's values as CSV.
 void addCurveCommand(CLI::App& app, CommandResult& result);
+// morvo curve-edit plant.morvo PATH.parameter --events FILE: edits played on a document's curve.
+void addCurveEditCommand(CLI::App& app, CommandResult& result);
 void addInfoCommand(CLI::App& app, CommandResult& result);
 // primitives -o FILE: a tube, a star outline and a quad mesh through the polygon stream, written
 // as OBJ or binary glTF. Hidden from the help.

@@ -4,78 +4,19 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <sstream>
+#include <stdexcept>
 
 #include "commands/Commands.h"
+#include "commands/CurvePicture.h"
+#include "commands/EditScriptFile.h"
 #include "curves/CurveParam.h"
 #include "host/DrawingRaster.h"
-#include "source/CurveEditScript.h"
-#include "source/CurveGui.h"
-#include "source/CurveUnit.h"
 
 namespace {
 
 constexpr int kMaxCount = 10000000;
-constexpr int kMinSize = 16;
-
-int unitOf(const std::string& name) {
-  if (name == "percent") return UnitPercent;
-  if (name == "degree") return UnitDegree;
-  if (name == "meter") return UnitMeter;
-  return UnitNone;
-}
-
-constexpr std::streamsize kMaxScriptBytes = 16 << 20;
-
-// Plays the edits of a script file on the curve, as in the editor.
-void playEdits(mv::CurveParam& curve, const std::string& path, int unit) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read \"" + path + "\"");
-  std::string text(kMaxScriptBytes + 1, '\0');
-  file.read(&text[0], kMaxScriptBytes + 1);
-  if (file.gcount() > kMaxScriptBytes) throw std::runtime_error("\"" + path + "\" is too long");
-  text.resize(static_cast<size_t>(file.gcount()));
-  CurveEditScript script;
-  std::string error;
-  if (!script.parse(text, error)) throw std::runtime_error(path + ", " + error);
-  script.play(curve, unit);
-}
-
-struct PictureOptions {
-  std::string path;
-  int width = 280, height = 120;
-  std::string unit = "none";
-  std::string events;
-  std::vector<int> selection;
-  int tag = -1;
-};
-
-// The editor's drawing of the curve: selected points with their handles, and the value tag of
-// one point as while it is dragged. The limits grow around the points as after an edit.
-void drawPicture(mv::CurveParam& curve, const PictureOptions& options) {
-  curve.growLimits();
-  CurveGui gui;
-  gui.SetSize(options.width, options.height);
-  gui.curve = &curve;
-  gui.unit = unitOf(options.unit);
-  gui.showFormula = CurveGui::showsFormula(curve);
-  gui.selection.insert(options.selection.begin(), options.selection.end());
-  if (options.tag >= 0) {
-    if (!curve.findPoint(options.tag)) {
-      throw std::runtime_error("no point with id " + std::to_string(options.tag));
-    }
-    gui.dragging = 1;
-    gui.activePoint = options.tag;
-  }
-  gui.Redraw();
-  DrawingRaster raster(options.width, options.height);
-  raster.draw(gui.drawing());
-  if (!raster.writePng(options.path)) {
-    throw std::runtime_error("cannot write \"" + options.path + "\"");
-  }
-}
 
 int pointType(const std::string& name) {
   const char* names[] = {"corner", "smooth", "mirrored", "free"};
@@ -133,6 +74,24 @@ void printCurve(const mv::CurveParam& curve, int count) {
   }
 }
 
+// --png and the options of the picture; --unit as its name, into unitName.
+void addPictureOptions(CLI::App* command, CurvePicture& picture, std::string& unitName) {
+  command->add_option("--png", picture.path, "Also draw the curve as its editor does, to a PNG");
+  command->add_option("--width", picture.width, "Width of the picture in pixels")
+      ->check(CLI::Range(CurvePicture::kMinSize, DrawingRaster::kMaxSize))
+      ->capture_default_str();
+  command->add_option("--height", picture.height, "Height of the picture in pixels")
+      ->check(CLI::Range(CurvePicture::kMinSize, DrawingRaster::kMaxSize))
+      ->capture_default_str();
+  command->add_option("--unit", unitName, "Unit of the values in the picture and the edits")
+      ->check(CLI::IsMember({"none", "percent", "degree", "meter"}))
+      ->capture_default_str();
+  command->add_option("--select", picture.selection,
+                      "Draw the point with this id selected (0 first, 1 last, inner from 3 on "
+                      "in the order given)");
+  command->add_option("--tag", picture.tag, "Draw the value tag of the point with this id");
+}
+
 }  // namespace
 
 void addCurveCommand(CLI::App& app, CommandResult& result) {
@@ -143,9 +102,10 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
     std::vector<std::string> points;
     double first = 0.0, last = 1.0;
     int count = 11;
+    std::string events, unit = "none";
   };
   auto options = std::make_shared<Options>();
-  auto picture = std::make_shared<PictureOptions>();
+  auto picture = std::make_shared<CurvePicture>();
   command
       ->add_option("expression", options->expression,
                    "Expression over x (the drawn curve's value) and u (the position)")
@@ -164,31 +124,19 @@ void addCurveCommand(CLI::App& app, CommandResult& result) {
   command->add_option("-n,--count", options->count, "Number of positions")
       ->check(CLI::Range(2, kMaxCount))
       ->capture_default_str();
-  command->add_option("--png", picture->path, "Also draw the curve as its editor does, to a PNG");
-  command->add_option("--width", picture->width, "Width of the picture in pixels")
-      ->check(CLI::Range(kMinSize, DrawingRaster::kMaxSize))
-      ->capture_default_str();
-  command->add_option("--height", picture->height, "Height of the picture in pixels")
-      ->check(CLI::Range(kMinSize, DrawingRaster::kMaxSize))
-      ->capture_default_str();
-  command->add_option("--unit", picture->unit, "Unit of the values in the picture")
-      ->check(CLI::IsMember({"none", "percent", "degree", "meter"}))
-      ->capture_default_str();
-  command->add_option("--events", picture->events,
+  command->add_option("--events", options->events,
                       "Play the edits of a script (size, click, drag, menu) on the curve first");
-  command->add_option("--select", picture->selection,
-                      "Draw the point with this id selected (0 first, 1 last, inner from 3 on "
-                      "in the order given)");
-  command->add_option("--tag", picture->tag, "Draw the value tag of the point with this id");
+  addPictureOptions(command, *picture, options->unit);
   command->callback([options, picture, &result] {
     mv::CurveParam curve(0.0, 1.0, options->first, options->last, "id");
     if (!curve.setExpression(options->expression)) {
       throw CLI::ValidationError("not an expression: \"" + options->expression + "\"");
     }
     for (const std::string& point : options->points) addPoint(curve, point);
-    if (!picture->events.empty()) playEdits(curve, picture->events, unitOf(picture->unit));
+    picture->unit = curveUnitNamed(options->unit);
+    if (!options->events.empty()) playEditScriptFile(curve, options->events, picture->unit);
     printCurve(curve, options->count);
-    if (!picture->path.empty()) drawPicture(curve, *picture);
+    if (!picture->path.empty()) picture->draw(curve);
     result.exitCode = 0;
   });
 }

@@ -1,11 +1,10 @@
 #include "commands/DocumentRender.h"
 
+#include "commands/MeshFile.h"
 #include "commands/PluginSession.h"
 
 #include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
-#include "export/GlbWriter.h"
-#include "export/ObjWriter.h"
 #include "host/BaseDocument.h"
 #include "host/BaseObject.h"
 #include "host/DescriptionResource.h"
@@ -31,7 +30,7 @@ void separateInstances(BaseObject* first) {
 }  // namespace
 
 int renderDocument(const std::string& input, const std::string& output, bool separate) {
-  PluginSession::ready();
+  if (!PluginSession::ready()) return 1;  // so that the plug-in's objects evaluate
   HostConsoleBridge console;
   BaseDocument* doc = DocumentFile::Load(input);
   if (!doc) return 1;
@@ -40,10 +39,7 @@ int renderDocument(const std::string& input, const std::string& output, bool sep
   bool ok = collected.collect(doc);
   BaseDocument::Free(doc);
   if (!ok) return 1;
-  bool obj = output.size() >= 4 && output.compare(output.size() - 4, 4, ".obj") == 0;
-  bool written = obj ? mv::ObjWriter(collected.materials()).write(collected.mesh(), output)
-                     : mv::GlbWriter(collected.materials()).write(collected.mesh(), output);
-  if (!written) return 1;
+  if (!writeMeshFile(collected.mesh(), collected.materials(), output)) return 1;
   mv::messageSink.info("render: " + std::to_string(collected.mesh().polygons.size()) +
                        " polygons, " + std::to_string(collected.mesh().points.size()) +
                        " points written to " + output);

@@ -10,7 +10,8 @@
 #include <string>
 
 #include "commands/Commands.h"
-#include "console/StandardErrorConsole.h"
+#include "commands/PluginSession.h"
+#include "console/HostConsoleBridge.h"
 #include "core/MessageSink.h"
 #include "core/ProgressSink.h"
 #include "host/BaseDocument.h"
@@ -29,29 +30,7 @@ struct ImportOptions {
   std::string input, output, mode = "generators";
   double unit = 100.0;
   bool treeKnotPath = false, hornKnotPath = false, fractionalCurvature = false;
-  bool noMaterials = false, verbose = false;
-};
-
-// The plug-in for the length of one command, with the handlers of the command restored after.
-class PluginSession {
- public:
-  PluginSession()
-      : messages_(mv::messageSink.handler),
-        progress_(mv::progressSink.handler),
-        loaded_(PluginLoader::Load(&c4d_main, MORVO_RESOURCE_DIR "/")) {}
-  ~PluginSession() {
-    if (loaded_) PluginLoader::Unload(&c4d_main);
-    mv::messageSink.handler = messages_;
-    mv::progressSink.handler = progress_;
-  }
-  PluginSession(const PluginSession&) = delete;
-  PluginSession& operator=(const PluginSession&) = delete;
-  bool loaded() const { return loaded_; }
-
- private:
-  mv::MessageHandler* messages_;
-  mv::ProgressHandler* progress_;
-  bool loaded_;
+  bool noMaterials = false;
 };
 
 // The first bytes of the file, as the host offers them to a scene loader.
@@ -107,9 +86,11 @@ int importInto(BaseDocument* document, const ImportOptions& options) {
 
 void runImport(const ImportOptions& options, CommandResult& result) {
   checkPaths(options);
-  StandardErrorConsole console(options.verbose);
-  PluginSession session;
-  if (!session.loaded()) throw std::runtime_error("the plug-in did not load");
+  HostConsoleBridge console;
+  if (!PluginSession::ready()) {
+    result.exitCode = 1;
+    return;
+  }
   BaseDocument* document = BaseDocument::Alloc();
   const Int32 code = importInto(document, options);
   const int objects = countObjects(document->GetFirstObject());
@@ -147,6 +128,5 @@ void addImportCommand(CLI::App& app, CommandResult& result) {
   command->add_flag("--fractional-curvature", options->fractionalCurvature,
                     "curvature splines keep a fractional last step");
   command->add_flag("--no-materials", options->noMaterials, "leave the materials out");
-  command->add_flag("--verbose", options->verbose, "also print the load's debug lines");
   command->callback([options, &result] { runImport(*options, result); });
 }

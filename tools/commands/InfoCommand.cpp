@@ -8,7 +8,6 @@
 
 #include "commands/Commands.h"
 #include "curves/ParameterSetData.h"
-#include "scene/Chunk.h"
 #include "scene/MvrReader.h"
 #include "scene/MvrRecordingLoader.h"
 #include "scene/MvrValue.h"
@@ -25,12 +24,10 @@ struct Scene {
 Scene readScene(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot open \"" + path + "\"");
-  mv::Chunk root;
-  root.read(file);
   Scene scene;
-  if (!root.lines.empty()) scene.version = root.lines.front();
-  for (const auto& [name, block] : root.children)
-    mv::MvrReader::scanBlock(name, *block, scene.keyFrames, nullptr);
+  std::vector<std::string> rootLines;
+  mv::MvrReader::readKeyFrames(file, scene.keyFrames, rootLines);
+  if (!rootLines.empty()) scene.version = rootLines.front();
   return scene;
 }
 

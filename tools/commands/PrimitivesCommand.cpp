@@ -6,11 +6,10 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/MeshFile.h"
 #include "core/MathConstants.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
-#include "export/GlbWriter.h"
-#include "export/ObjWriter.h"
 #include "geometry/GeomPrimitiveWriter.h"
 #include "geometry/MeshData.h"
 #include "geometry/OPolygonStream.h"
@@ -67,12 +66,8 @@ void writeSteps(mv::OGeomStream& s) {
   s << mv::CmdGroupEnd;
 }
 
-bool endsWith(const std::string& text, const std::string& suffix) {
-  return text.size() >= suffix.size() &&
-         text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
-
 int writePrimitives(const std::string& output) {
+  if (!checkMeshFileName("primitives", output)) return 2;
   mv::MeshData mesh;
   {
     mv::OPolygonStream stream(&mesh, true);
@@ -83,10 +78,7 @@ int writePrimitives(const std::string& output) {
   mesh.finish();
   const std::vector<mv::ExportMaterial> materials = {
       {"bark", 0.45, 0.32, 0.2, ""}, {"leaf", 0.2, 0.6, 0.15, ""}, {"stone", 0.6, 0.6, 0.6, ""}};
-  if (endsWith(output, ".obj")) return mv::ObjWriter(materials).write(mesh, output) ? 0 : 1;
-  if (endsWith(output, ".glb")) return mv::GlbWriter(materials).write(mesh, output) ? 0 : 1;
-  mv::messageSink.error("primitives: the output must end in .obj or .glb: " + output);
-  return 2;
+  return writeMeshFile(mesh, materials, output) ? 0 : 1;
 }
 
 }  // namespace

@@ -12,10 +12,10 @@
 
 #include "commands/Commands.h"
 #include "commands/DocumentRender.h"
+#include "commands/MeshFile.h"
 #include "commands/SceneRender.h"
 #include "core/MessageSink.h"
 #include "export/ExportMaterial.h"
-#include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
 #include "export/PhaseTimes.h"
 #include "export/WriteOptions.h"
@@ -40,11 +40,6 @@ void reportSkips(const std::vector<mv::MvrSkip>& skipped) {
         break;
     }
   }
-}
-
-bool endsWith(const std::string& text, const std::string& suffix) {
-  return text.size() >= suffix.size() &&
-         text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
 
 // Entry k describes material index k; indices the file never used keep a neutral grey.
@@ -73,14 +68,7 @@ bool writeMesh(const RenderedScene& scene, const RenderOptions& options, mv::Pha
   writeOptions.embedTextures = options.embedTextures;
   writeOptions.replaceAnyFile = options.force;
   writeOptions.phaseTimes = &times;
-  if (endsWith(options.output, ".obj")) {
-    mv::ObjWriter writer(materials);
-    writer.setOptions(writeOptions);
-    return writer.write(scene.mesh, options.output);
-  }
-  mv::GlbWriter writer(materials);
-  writer.setOptions(writeOptions);
-  return writer.write(scene.mesh, options.output);
+  return writeMeshFile(scene.mesh, materials, options.output, writeOptions);
 }
 
 // True when writing path would overwrite the file at input (the same file by any name).
@@ -103,10 +91,7 @@ bool outputIsInput(const RenderOptions& options) {
 int render(const RenderOptions& options) {
   const std::string& input = options.input;
   const std::string& output = options.output;
-  if (!endsWith(output, ".obj") && !endsWith(output, ".glb")) {
-    mv::messageSink.error("render: the output must end in .obj or .glb: " + output);
-    return 2;
-  }
+  if (!checkMeshFileName("render", output)) return 2;
   if (!std::isfinite(options.unit) || options.unit <= 0.0) {
     mv::messageSink.error("render: the unit must be a finite positive number");
     return 2;

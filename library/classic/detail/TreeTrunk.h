@@ -8,7 +8,7 @@
 
 #include "classic/ClassicSpline.h"
 #include "classic/TreeFrame.h"
-#include "classic/TreeSample.h"
+#include "classic/detail/TreeSample.h"
 
 namespace mv {
 
