@@ -102,7 +102,6 @@ int main(int argc, char** argv) {
   addCurveCommand(app, result);
   addCurveEditCommand(app, result);
   addPrimitivesCommand(app, result);
-  addDemoCommand(app, result);
   addInfoCommand(app, result);
   addRenderCommand(app, result);
   addGrassCommand(app, result);

@@ -17,9 +17,6 @@ void addInfoCommand(CLI::App& app, CommandResult& result);
 // primitives -o FILE: a tube, a star outline and a quad mesh through the polygon stream, written
 // as OBJ or binary glTF. Hidden from the help.
 void addPrimitivesCommand(CLI::App& app, CommandResult& result);
-// morvo demo branch|phyllotaxis|hydra|tropism|curvature -o FILE: a small scene of a growth node,
-// written as binary glTF or OBJ.
-void addDemoCommand(CLI::App& app, CommandResult& result);
 // morvo render FILE.mvr -o OUT.obj|OUT.glb: a scene file rendered through the classic scene graph.
 void addRenderCommand(CLI::App& app, CommandResult& result);
 // morvo grass SURFACE -o OUT.glb|OUT.obj [--count --segments --length --variation --noise
