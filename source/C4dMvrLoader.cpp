@@ -128,6 +128,7 @@ C4dMvrLoader::~C4dMvrLoader() {
     BaseObject* object = entry.second;
     if (object && !object->GetUp() && !object->GetDocument()) BaseObject::Free(object);
   }
+  for (BaseObject* line : profileLines_) BaseObject::Free(line);
 }
 
 BaseObject* C4dMvrLoader::find(const std::string& name) const {
@@ -368,7 +369,8 @@ std::unique_ptr<mv::BaseNode> C4dMvrLoader::profileNodeOf(const std::string& nam
   SplineObject* spline = object->GetRealSpline();
   LineObject* line = spline ? spline->GetLineObject(document, 1.0, nullptr) : nullptr;
   if (!line) return nullptr;
-  // The line is the node's for its life; the matrix lies a quarter turn back, in library axes.
+  profileLines_.push_back(line);
+  // The matrix lies a quarter turn back, in library axes.
   return std::make_unique<C4dObject>(line, MatrixRotX(-mv::kPi / 2) * object->GetMl());
 }
 

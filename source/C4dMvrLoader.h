@@ -113,4 +113,6 @@ class C4dMvrLoader : public mv::MvrToMv4Loader {
   BaseObject* instanceOf(BaseObject* object);
 
   std::map<std::string, int> nextCounter_;
+  std::vector<BaseObject*>
+      profileLines_;  // line objects behind profile nodes, freed with the loader
 };
